@@ -1,0 +1,109 @@
+#include "arena/link/Session.h"
+
+#include <boost/asio/buffer.hpp>
+#include <utility>
+
+#include "arena/link/Effectors.h"
+
+namespace arena {
+namespace {
+
+using boost::system::error_code;
+
+/// [bytes] read from one player per cycle; a flood waits in the player's own socket, so that it
+/// costs the others nothing. Thirty times what a talkative player sends.
+constexpr std::size_t kMaxBytesPerCycle = 64UL * 1024;
+
+}  // namespace
+
+Session::Session(boost::asio::ip::tcp::socket socket, const LinkSettings& settings)
+    : socket_(std::move(socket)), maxWaitingBytes_(settings.maxWaitingBytes) {
+  // A turn is many small frames; held back until the other end acknowledges they would come late.
+  error_code ignored;
+  socket_.set_option(boost::asio::ip::tcp::no_delay(true), ignored);
+}
+
+void Session::start() {
+  read();
+}
+
+void Session::read() {
+  if (!open_) return;
+  if (bytesSinceTaken_ >= kMaxBytesPerCycle) {
+    readingPaused_ = true;
+    return;
+  }
+  socket_.async_read_some(boost::asio::buffer(piece_),
+                          [self = shared_from_this()](error_code error, std::size_t size) {
+                            if (!self->open_) return;
+                            if (error == boost::asio::error::eof)
+                              return self->close("the player closed the connection");
+                            if (error)
+                              return self->close("the connection broke: " + error.message());
+                            self->take({self->piece_.data(), size});
+                            self->read();
+                          });
+}
+
+void Session::take(std::string_view bytes) {
+  bytesSinceTaken_ += bytes.size();
+  reader_.feed(bytes);
+  while (const auto frame = reader_.next()) {
+    if (!readEffectors(*frame, commands_)) return close("a broken frame: parentheses don't match");
+    askedForBody_ = askedForBody_ || commands_.scenes > 0;
+    awaitingAnswer_ = false;
+    lastFrame_ = Clock::now();
+    ++framesRead_;
+  }
+  if (const auto length = reader_.tooLong()) {
+    close("a frame of " + std::to_string(*length) + " bytes, over the limit of " +
+          std::to_string(kMaxPayloadBytes));
+  }
+}
+
+Commands Session::takeCommands() {
+  bytesSinceTaken_ = 0;
+  if (std::exchange(readingPaused_, false)) read();
+  return std::exchange(commands_, {});
+}
+
+void Session::send(std::string_view text) {
+  if (!open_) return;
+  awaitingAnswer_ = true;
+  waiting_ += framed(text);
+  if (bytesWaiting() > maxWaitingBytes_) {
+    return close("a slow reader: " + std::to_string(bytesWaiting()) + " bytes wait for it");
+  }
+  if (inFlight_.empty()) write();
+}
+
+void Session::write() {
+  if (inFlight_.empty()) {
+    std::swap(inFlight_, waiting_);
+    if (inFlight_.empty()) return;
+  }
+  socket_.async_write_some(
+      boost::asio::buffer(inFlight_.data() + written_, inFlight_.size() - written_),
+      [self = shared_from_this()](error_code error, std::size_t size) {
+        if (!self->open_) return;
+        if (error) return self->close("the connection broke: " + error.message());
+        self->written_ += size;
+        if (self->written_ == self->inFlight_.size()) {
+          self->inFlight_.clear();
+          self->written_ = 0;
+        }
+        self->write();
+      });
+}
+
+void Session::close(std::string why) {
+  if (!open_) return;
+  open_ = false;
+  whyClosed_ = std::move(why);
+  // What the player did wrong may still fill its socket; errors here change nothing any more.
+  error_code ignored;
+  socket_.shutdown(boost::asio::ip::tcp::socket::shutdown_both, ignored);
+  socket_.close(ignored);
+}
+
+}  // namespace arena

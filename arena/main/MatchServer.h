@@ -1,0 +1,65 @@
+#pragma once
+
+/// A match on the link: the hub's sessions play in a Match at the pace that was asked for. The
+/// program runs one; tests run one in a thread and play against it over loopback.
+///
+/// When a cycle begins:
+///   speed above 0   at every 0.02 s / speed of real time. After a hold-up the cycles that were
+///                   missed follow at once; one longer than kMostCyclesBehind is given up, and
+///                   counted.
+///   speed 0         when every player has answered its last message and nothing more has come
+///                   for a moment (settle), or when patience is at an end.
+/// The pace decides only which cycle a command falls into, never what a cycle makes of it.
+
+#include <chrono>
+#include <functional>
+#include <string>
+
+#include "arena/link/Hub.h"
+#include "arena/main/Match.h"
+
+namespace arena {
+
+inline constexpr long kMostCyclesBehind = 5;
+
+struct PaceSettings {
+  double speed = 1;                            ///< times real time; 0: as fast as players answer
+  std::size_t playersToStart = 1;              ///< the first cycle waits for so many bodies
+  std::chrono::microseconds patience{20'000};  ///< for answers, at speed 0
+  std::chrono::microseconds settle{500};       ///< for further frames of an answer, at speed 0
+};
+
+struct ServerSettings {
+  LinkSettings link{};
+  MatchSettings match{};
+  PaceSettings pace{};
+};
+
+class MatchServer {
+ public:
+  /// Listens. Throws LinkError when that fails.
+  explicit MatchServer(const ServerSettings& settings);
+
+  [[nodiscard]] std::uint16_t port() const { return hub_.port(); }
+
+  /// Plays until the match is over or SHOULD_STOP says so (asked at least every 50 ms), then ends
+  /// all sessions. SAY gets one line, without a line feed, for everything that happens.
+  Summary run(const std::function<bool()>& shouldStop,
+              const std::function<void(const std::string&)>& say);
+
+ private:
+  using Clock = Hub::Clock;
+
+  [[nodiscard]] bool waitForPlayers(const std::function<bool()>& shouldStop,
+                                    const std::function<void(const std::string&)>& say);
+  [[nodiscard]] bool waitForCycle(const std::function<bool()>& shouldStop);
+  void playCycle(const std::function<void(const std::string&)>& say);
+
+  PaceSettings pace_;
+  Hub hub_;
+  Match match_;
+  Clock::time_point nextCycle_{};
+  int clockSlips_ = 0;
+};
+
+}  // namespace arena

@@ -1,0 +1,40 @@
+#include "arena/senses/Sight.h"
+
+#include <cmath>
+#include <numbers>
+
+namespace arena {
+namespace {
+
+double degrees(double radians) {
+  return radians * 180.0 / std::numbers::pi;
+}
+
+}  // namespace
+
+Polar polarIn(const Frame& camera, const Vec3& point) {
+  const Vec3 away{point[0] - camera.position[0], point[1] - camera.position[1],
+                  point[2] - camera.position[2]};
+  const Mat3& axes = camera.axes;
+  const double right = axes[0] * away[0] + axes[3] * away[1] + axes[6] * away[2];
+  const double ahead = axes[1] * away[0] + axes[4] * away[1] + axes[7] * away[2];
+  const double up = axes[2] * away[0] + axes[5] * away[1] + axes[8] * away[2];
+
+  return {std::sqrt(right * right + ahead * ahead + up * up), degrees(std::atan2(-right, ahead)),
+          degrees(std::atan2(up, std::hypot(right, ahead)))};
+}
+
+bool inView(const Polar& polar) {
+  return std::abs(polar.horizontalDeg) <= kViewHalfAngleDeg &&
+         std::abs(polar.elevationDeg) <= kViewHalfAngleDeg;
+}
+
+Polar withNoise(const Polar& polar, const SightNoise& noise, NoiseStream& stream) {
+  // One statement each: the order in which the stream is read is part of a match's repeatability.
+  const double distance = polar.distance * (1 + noise.distanceFraction * stream.gaussian());
+  const double horizontal = polar.horizontalDeg + noise.horizontalDeg * stream.gaussian();
+  const double elevation = polar.elevationDeg + noise.elevationDeg * stream.gaussian();
+  return {distance, horizontal, elevation};
+}
+
+}  // namespace arena

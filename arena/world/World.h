@@ -1,0 +1,78 @@
+#pragma once
+
+/// The simulation: up to twelve robots and a ball on the field, advanced one cycle of 0.02 s at a
+/// time. No sockets, no text, no rules, no noise. Several worlds may live in one process.
+///
+/// One cycle: commands set since the last advance() act together from its first physics step; the
+/// states read afterwards are those at the end of its last step.
+
+#include <memory>
+
+#include "arena/world/State.h"
+
+namespace arena {
+
+inline constexpr int kMaxRobots = 12;
+inline constexpr double kCycleSeconds = 0.02;
+
+/// Physics that a caller may vary; the defaults are the nominal world.
+struct WorldSettings {
+  double stepSeconds = 0.004;         ///< [s] must divide the cycle: 0.002, 0.004, 0.005 ...
+  double motorTorqueLimit = 20.0;     ///< [N m]
+  double groundFriction = 1.0;        ///< sliding friction coefficient
+  double contactTimeConstant = 0.02;  ///< [s]
+  double massFactor = 1.0;            ///< on every link
+  double servoSpeedFactor = 1.0;      ///< on every commanded speed
+};
+
+class World {
+ public:
+  /// The ball lies at the centre, no robot is there. Throws std::invalid_argument for settings that
+  /// are not finite and above zero, or a step that does not divide the cycle.
+  explicit World(const WorldSettings& settings = {});
+  ~World();
+  World(World&&) noexcept;
+  World& operator=(World&&) noexcept;
+  World(const World&) = delete;
+  World& operator=(const World&) = delete;
+
+  // Everything below that names a SLOT throws std::invalid_argument when no robot is there, unless
+  // it says otherwise, and for numbers that are not finite.
+
+  /// Puts a robot on the field in a free SLOT (0 to 11); the others go on undisturbed.
+  /// Throws std::invalid_argument for a slot that is taken or out of range.
+  void addRobot(int slot, const Pose& pose);
+  /// Takes a robot off the field; a free slot is left alone.
+  void removeRobot(int slot);
+  [[nodiscard]] bool hasRobot(int slot) const;
+
+  /// Moves a robot: upright, joints at zero, at rest, servo speeds zero.
+  void beam(int slot, const Pose& pose);
+  /// The servo of joint JOINT (row of kJoints) keeps SPEED until told otherwise; cut to 7 rad/s
+  /// either way, in the server's sign convention. A non-finite speed is refused with
+  /// std::invalid_argument.
+  void setJointSpeed(int slot, int joint, double radPerSec);
+  /// Sets joint angles at once, without motion (for tests and for start poses). Degrees.
+  void setJointAngles(int slot, const std::array<double, kJointCount>& degrees);
+  /// Puts the torso at a place and attitude, at rest (for tests: lying on the back, say).
+  void setTorso(int slot, const Frame& torso);
+  /// Puts the ball somewhere with a velocity, not spinning.
+  void setBall(const Vec3& position, const Vec3& velocity = {});
+
+  /// One cycle of 0.02 s. Throws std::runtime_error should the physics ever diverge; the world is
+  /// of no use then.
+  void advance();
+
+  [[nodiscard]] RobotState robot(int slot) const;
+  [[nodiscard]] BallState ball() const;
+  /// Did SLOT touch the ball during the last cycle?
+  [[nodiscard]] bool touchedBall(int slot) const;
+  /// [s] simulated since construction.
+  [[nodiscard]] double time() const;
+
+ private:
+  struct Physics;
+  std::unique_ptr<Physics> physics_;
+};
+
+}  // namespace arena

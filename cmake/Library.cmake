@@ -1,0 +1,41 @@
+# The few verbs that the CMakeLists.txt files are written in.
+
+# pitch_library(name SOURCES ... HEADERS ... [LINK external targets ...])
+# One static library. Every header is compiled alone by the target all_verify_interface_header_sets.
+function(pitch_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;HEADERS;LINK" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  if(ARG_HEADERS)
+    target_sources(${name} PUBLIC FILE_SET HEADERS BASE_DIRS ${CMAKE_SOURCE_DIR} FILES ${ARG_HEADERS})
+  endif()
+  target_link_libraries(${name} PUBLIC pitch_options ${ARG_LINK})
+endfunction()
+
+# pitch_edges(name dependencies ...): the libraries of this project that NAME may include.
+function(pitch_edges name)
+  target_link_libraries(${name} PUBLIC ${ARGN})
+endfunction()
+
+# pitch_program(name SOURCES ... LINK ...): an executable in the build's bin/.
+function(pitch_program name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE pitch_options ${ARG_LINK})
+  set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+endfunction()
+
+# pitch_test(name LABEL unit|process|match|slow SOURCES ... LINK ... [TIMEOUT seconds])
+# A GoogleTest program; ctest runs each of its tests in a process of its own, so the player's
+# singletons never leak from one test into the next.
+function(pitch_test name)
+  cmake_parse_arguments(ARG "" "LABEL;TIMEOUT" "SOURCES;LINK" ${ARGN})
+  if(NOT ARG_TIMEOUT)
+    set(ARG_TIMEOUT 60)
+  endif()
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE pitch_options ${ARG_LINK} GTest::gmock GTest::gtest_main)
+  target_compile_definitions(${name} PRIVATE
+    PITCH_SOURCE_DIR="${CMAKE_SOURCE_DIR}" PITCH_BIN_DIR="${CMAKE_BINARY_DIR}/bin")
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60
+    PROPERTIES LABELS ${ARG_LABEL} TIMEOUT ${ARG_TIMEOUT})
+endfunction()

@@ -1,0 +1,33 @@
+#pragma once
+
+/// The cloud of particles that judges each new position of the player. The body holds an array of
+/// them; each beam pins the one of the player's shirt number to the start position.
+
+#include <gsl/gsl_rng.h>
+
+#include <memory>
+
+#include "math/VecPosition.h"
+
+struct particle {
+  VecPosition pos;    ///< [m] field frame
+  double weight = 0;  ///< 1 or 0 after a gate pass
+};
+
+class Particle_filtering {
+ public:
+  int count;  ///< number of particles
+  std::unique_ptr<particle[]> particles;
+  gsl_rng* rng;            ///< lives as long as the process: it is never freed
+  VecPosition currentPos;  ///< [m] the latest measurement
+  VecPosition lastPos;     ///< [m] the last accepted estimate
+  bool distributionSet;    ///< initDistribution has run
+
+  /// 400 particles.
+  Particle_filtering();
+  /// N particles, seeded with the calendar time: filters made within a second share their numbers.
+  explicit Particle_filtering(int n);
+
+  /// Puts every particle, the measurement and the estimate on one place; weights stay.
+  void initDistribution(double x, double y, double z);
+};

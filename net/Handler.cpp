@@ -1,0 +1,10 @@
+#include "net/Handler.h"
+
+namespace rcss::net {
+
+Handler& Handler::instance() {
+  static Handler handler;
+  return handler;
+}
+
+}  // namespace rcss::net

@@ -1,0 +1,42 @@
+# shellcheck shell=bash
+# shellcheck disable=SC2154  # root and command_name are set by the command that sources this
+# Where ./play and ./team get their programs from. Uses tools/shell/manners.sh.
+
+# Sets `bin` to the folder that holds pitchagent and pitcharena. With PITCH_BUILD set that build is
+# taken as it stands; otherwise build/play is made up to date first. It has neither tests nor
+# benchmarks, so that playing needs nothing but what playing needs.
+provide_programs() {
+  if [[ -n ${PITCH_BUILD:-} ]]; then
+    bin=$PITCH_BUILD/bin
+    [[ $bin == /* ]] || bin=$PWD/$bin
+    local program
+    for program in pitchagent pitcharena; do
+      [[ -x $bin/$program ]] || fail "PITCH_BUILD: there is no program $bin/$program"
+    done
+    return
+  fi
+  "$root/setup" --for play || exit 1
+  local build=$root/build/play
+  bin=$build/bin
+  mkdir -p "$build"
+  if [[ ! -f $build/build.ninja ]]; then
+    (cd "$root" && cmake --preset release -B "$build" -DBUILD_TESTING=OFF) \
+      >"$build/configure.log" 2>&1 || { cat "$build/configure.log" >&2; fail "configuring failed"; }
+  fi
+  cmake --build "$build" --target pitchagent pitcharena 2>&1 | tee "$build/build.log" | show_progress
+  if ((PIPESTATUS[0] != 0)); then
+    grep -v '^\[[0-9]*/[0-9]*\]' "$build/build.log" >&2
+    fail "the build failed"
+  fi
+}
+
+# Turns the build's lines into one line that counts up; into nothing where nobody looks on.
+show_progress() {
+  local line shown=
+  while IFS= read -r line; do
+    [[ -t 1 && $line =~ ^\[([0-9]+/[0-9]+)\] ]] || continue
+    printf '\r%s: building %s ' "$command_name" "${BASH_REMATCH[1]}"
+    shown=yes
+  done
+  [[ -z $shown ]] || printf '\r\033[K'
+}
