@@ -23,7 +23,8 @@ TEST(DegreeConversion, HalfTurnIsPi) {
 }
 
 TEST(DegreeConversion, EachUndoesTheOther) {
-  for (double degrees = -720.0; degrees <= 720.0; degrees += 12.5) {
+  for (int i = -58; i <= 58; ++i) {
+    const double degrees = 12.5 * i;
     EXPECT_NEAR(Rad2Deg(Deg2Rad(degrees)), degrees, 1e-10);
   }
 }
@@ -149,8 +150,8 @@ TEST(AngleDifference, SmallerWayRound) {
 }
 
 TEST(AngleDifference, IsTheSameFromEitherSide) {
-  for (double a = -180; a <= 180; a += 15) {
-    for (double b = -180; b <= 180; b += 15) {
+  for (int a = -180; a <= 180; a += 15) {
+    for (int b = -180; b <= 180; b += 15) {
       EXPECT_DOUBLE_EQ(getAngleDifference(a, b), getAngleDifference(b, a));
       // The angle between two unit vectors is the same thing computed another way.
       const double cosine = std::cos((a - b) * PI / 180);

@@ -32,8 +32,9 @@ TEST(PolarForm, AnyKindButCartesianIsPolar) {
 }
 
 TEST(PolarForm, MeasuresUndoIt) {
-  for (double theta = -175; theta <= 180; theta += 35.5) {
-    for (double phi = -85; phi <= 85; phi += 17) {
+  for (int i = 0; i <= 10; ++i) {
+    for (int phi = -85; phi <= 85; phi += 17) {
+      const double theta = -175 + 35.5 * i;
       SCOPED_TRACE(testing::Message() << "theta " << theta << ", phi " << phi);
       const VecPosition v(3.5, theta, phi, POLAR);
       EXPECT_NEAR(v.getMagnitude(), 3.5, kTiny);
@@ -117,7 +118,8 @@ TEST(Rotate, TurnsAboutTheVerticalAxis) {
 
 TEST(Rotate, HeightGoesThroughThePolarFormToo) {
   int rounded = 0;
-  for (double z = 0.05; z < 10; z += 0.1) {
+  for (int i = 0; i < 100; ++i) {
+    const double z = 0.05 + 0.1 * i;
     const VecPosition before(1, 1, z);
     VecPosition after = before;
     after.rotate(10);
@@ -150,7 +152,7 @@ TEST(ChangeOfFrame, GlobalToRelativeShiftsThenTurnsBack) {
 
 TEST(ChangeOfFrame, EachUndoesTheOther) {
   const VecPosition origin(-4.5, 2, 0.5);
-  for (double angle = -350; angle <= 350; angle += 50) {
+  for (int angle = -350; angle <= 350; angle += 50) {
     VecPosition v(1.5, -2.5, 3.5);
     v.relativeToGlobal(origin, angle);
     v.globalToRelative(origin, angle);

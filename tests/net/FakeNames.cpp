@@ -53,6 +53,8 @@ std::vector<std::string> fakenames::protocolsAsked() {
   return std::exchange(asked(), {});
 }
 
+// The linker prescribes these names.
+// NOLINTBEGIN(bugprone-reserved-identifier)
 extern "C" {
 
 hostent* __wrap_gethostbyname(const char* name) {
@@ -90,3 +92,4 @@ servent* __wrap_getservbyport(int port, const char* protocol) {
 }
 
 }  // extern "C"
+// NOLINTEND(bugprone-reserved-identifier)

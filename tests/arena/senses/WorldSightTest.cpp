@@ -7,7 +7,7 @@
 #include <map>
 #include <numbers>
 #include <optional>
-#include <regex>
+#include <sstream>
 #include <string>
 
 #include "arena/senses/Landmarks.h"
@@ -56,10 +56,16 @@ std::optional<Polar> expected(const Gaze& gaze, const Vec3& place) {
 }
 
 std::map<std::string, Polar> landmarksIn(const std::string& message) {
-  const std::regex pattern(R"(\(([FG][12][LR]) \(pol (\S+) (\S+) ([^ )]+)\)\))");
   std::map<std::string, Polar> seen;
-  for (std::sregex_iterator it(message.begin(), message.end(), pattern), end; it != end; ++it) {
-    seen[(*it)[1]] = {std::stod((*it)[2]), std::stod((*it)[3]), std::stod((*it)[4])};
+  for (const Landmark& landmark : kLandmarks) {
+    const std::string name(landmark.name);
+    const std::string opening = "(" + name + " (pol ";
+    const auto at = message.find(opening);
+    if (at == std::string::npos) continue;
+    std::istringstream numbers(message.substr(at + opening.size()));
+    Polar& polar = seen[name];
+    numbers >> polar.distance >> polar.horizontalDeg >> polar.elevationDeg;
+    EXPECT_TRUE(numbers) << message.substr(at, 40);
   }
   return seen;
 }
