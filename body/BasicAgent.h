@@ -8,14 +8,17 @@
 /// |-------------------------------------------|------------------------------------------|
 /// | joints[].angle, gyro*, accel, *Foot*      | the sensor decoders, each message        |
 /// | uNum                                      | the command line, then the server        |
-/// | jointFlags[].active, targetAngle          | setters, script readers, get-up          |
+/// | jointFlags[].active, targetAngle          | setters, get-up; move clears active      |
 /// | jointFlags[].speed .. errorSum            | move; reset by initMove and get-up       |
 /// | Kp, Ki, Kd                                | whoever started the last motion          |
 /// | moveCyclesLeft, lastMoveCycle             | initMove, get-up, move                   |
 /// | lastLoadTime                              | the pose reader                          |
-/// | actionFileOpen, actionName                | whoever opens a script, its reader       |
-/// | bodyState                                 | fall test and get-up, restoreState       |
-/// | getUpStartTime, getUpStepPending          | get-up sequences and kicks               |
+/// | actionFileOpen, actionName                | doActionFile4; the reader closes         |
+/// | myPos, myDegree                           | localisation, each cycle                 |
+/// | bodyState                                 | fall test, get-up, restoreState, cycle 10|
+/// | getUpStartTime, getUpStepPending          | get-up, kicks, restoreState (flags)      |
+/// | slowFunction                              | the kicks, restoreState                  |
+/// | headState                                 | turnToPos                                |
 /// | jumpTime                                  | the dives                                |
 /// | beamX, beamY, beamAngle                   | sendBeamInfo, setStartPos                |
 /// | keepRunning                               | the signal handler                       |
@@ -30,6 +33,7 @@
 #include "body/JointsFlag.h"
 #include "localisation/ParticleFiltering.h"
 #include "math/VecPosition.h"
+#include "perception/VisionInfo.h"
 
 class BasicAgent {
  public:
@@ -145,6 +149,25 @@ class BasicAgent {
 
   // --- HeadScan.cpp
   void headYawDasti();
+
+  // --- localisation/FlagTriangulation.cpp
+  /// The player's place from the landmarks of this cycle's sight. In spite of the name two flags
+  /// decide; too few, or flags at both ends with three or more in all, leave the place alone.
+  void LocalizeAgentWith3FlagsCircle();
+  /// Crosses two circles round distinct sighted landmarks.
+  void LocalizeAgentWith2Flags(PolarInfo* a, PolarInfo* b);
+  /// An offered variant with three flags.
+  void LocalizeAgentWith3Flags();
+
+  // --- localisation/Orientation.cpp
+  /// The heading from the nearest landmark in view.
+  void findOrientation();
+  /// [deg] 0 to below 360, from one sighted landmark.
+  double computeMyDegree(PolarInfo p);
+
+  // --- localisation/ParticleGate.cpp
+  /// Lets a measured place [m] (z = 0) through the gate of particles into myPos.
+  void calculateMyPosWithParticleFiltering(VecPosition measured);
 
   // --- StartPositions.cpp
   void sendPlayerInfo();

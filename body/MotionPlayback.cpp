@@ -23,6 +23,9 @@ bool isBeforeKickOff(const std::string& playMode) {
 }  // namespace
 
 void BasicAgent::basicAgentLoop() {
+  LocalizeAgentWith3FlagsCircle();
+  findOrientation();
+  WorldModel::getSingleton()->setBallPos();
   const int cycle = WorldModel::getSingleton()->cycle;
   if (cycle == kIntroductionCycle) {
     sendPlayerInfo();

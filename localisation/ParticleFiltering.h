@@ -30,4 +30,18 @@ class Particle_filtering {
 
   /// Puts every particle, the measurement and the estimate on one place; weights stay.
   void initDistribution(double x, double y, double z);
+
+  /// Draws particle I anew round the measurement. Towards greater x and y it moves 0.02 m at most,
+  /// towards smaller ones it follows at once: the limit is one-sided on purpose.
+  void transition(int i);
+  /// The same with a drift along the step from the last estimate, noise times FACTOR and a limit of
+  /// 0.04 m.
+  void transition2(int i, double factor);
+  void normalizeWeights(particle* p, int n);
+  /// Does nothing: there is no resampling here.
+  int resample(particle* p, int n);
+  /// An order of descending weight: -1, 1, or 0.
+  int particleCmp(particle* a, particle* b);
+  /// Uniform on 0 to b - a; the offset is not added.
+  double random_d(double a, double b);
 };

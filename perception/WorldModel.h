@@ -14,6 +14,7 @@
 /// | teamBall                                | ball sight, talk      | overwritten             |
 /// | playMode, teamSide, gameTime(Delta)     | parseGameState        | overwritten             |
 /// | serverTime, stepTime, cycle             | parseTimeInfo         | overwritten             |
+/// | ballPos                                 | setBallPos, each turn | the next turn           |
 /// | hear*                                   | parseHearMessage      | overwritten             |
 /// | teamName                                | sendPlayerInfo        | for good                |
 ///
@@ -43,6 +44,9 @@ class WorldModel {
   std::string teamSide;               ///< "left" or "right", empty until the server tells
   int cycle = 0;                      ///< the player's clock: messages whose time has advanced
   std::array<PolarInfo, 6> teamBall;  ///< the ball as each shirt number sees it, at unum - 1
+
+  /// The report with the smallest distance to the ball gives ballPos, however old it is.
+  void setBallPos();
 
   static WorldModel* m_Instance;
   static WorldModel* getSingleton();
