@@ -1,7 +1,8 @@
 // How long is a player's turn, from the last byte of the server's message to the player's last
 // frame? Beside it, as a yardstick, a program that reads the same messages from the same kind of
 // socket and answers at once with frames of the same sizes, in the same run: the difference is what
-// the player itself takes. And how much memory does the player need at most?
+// the player itself takes. And how much memory does the player need at most, how many allocations a
+// turn?
 //
 //   turn [cycles, default 5000] [working directory with motion scripts, default an empty one]
 
@@ -18,15 +19,18 @@
 #include <array>
 #include <chrono>
 #include <csignal>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iostream>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "tests/support/FixedTime.h"
 #include "tests/support/OwnNetwork.h"
 #include "tests/support/PlayerSession.h"
 #include "tests/support/TempDir.h"
@@ -52,8 +56,18 @@ std::string processor() {
   return "unknown processor";
 }
 
-/// What the server tells a standing field player: all joints and sensors, and now and then the
-/// eight landmarks, the ball, two team mates and two opponents.
+/// One player in sight with five parts of its body, as a server shows it from nearby.
+std::string playerInSight(const std::string& team, int number) {
+  std::string text = " (P (team " + team + ") (id " + std::to_string(number) + ")";
+  for (const char* part : {"head", "rlowerarm", "llowerarm", "rfoot", "lfoot"}) {
+    text += std::string(" (") + part + " (pol " + std::to_string(2 + number) + ".15 " +
+            std::to_string(number * 7 - 20) + ".83 -1.11))";
+  }
+  return text + ")";
+}
+
+/// What the server tells a standing field player: all joints and sensors, and now and then all that
+/// can be in sight: eight landmarks, the ball, five team mates and six opponents.
 std::string messageOf(int cycle) {
   std::string elements = cycle < kKickOff ? "(GS (unum 5) (team left) (t 0.00) (pm BeforeKickOff))"
                                           : "(GS (t 12.34) (pm PlayOn))";
@@ -69,20 +83,29 @@ std::string messageOf(int cycle) {
   if (cycle % kVisionEvery == 0) {
     elements +=
         "(See (G1R (pol 9.14 4.31 1.02)) (G2R (pol 9.11 -8.87 1.01)) (F1R (pol 10.91 33.40 -2.77))"
-        " (F2R (pol 10.87 -33.61 -2.79)) (B (pol 1.41 3.52 -20.04))"
-        " (P (team Kolu-Otters) (id 3) (head (pol 3.92 -41.25 0.07)))"
-        " (P (team Kolu-Otters) (id 6) (head (pol 2.15 22.83 0.11)))"
-        " (P (team Others) (id 1) (head (pol 8.70 1.12 0.05)) (llowerarm (pol 8.69 0.90 -1.44)))"
-        " (P (team Others) (id 4) (head (pol 4.48 12.59 0.03)) (rfoot (pol 4.49 12.60 -5.91)))"
-        " (L (pol 9.10 30.02 -3.30) (pol 9.21 -30.77 -3.31)))";
+        " (F2R (pol 10.87 -33.61 -2.79)) (G1L (pol 9.34 174.31 1.02)) (G2L (pol 9.31 -171.87 1.01))"
+        " (F1L (pol 11.01 146.40 -2.77)) (F2L (pol 10.97 -146.61 -2.79))"
+        " (B (pol 1.41 3.52 -20.04))";
+    for (int number = 1; number <= 6; ++number) {
+      if (number != 5) elements += playerInSight("Kolu-Otters", number);
+      elements += playerInSight("Others", number);
+    }
+    elements += " (L (pol 9.10 30.02 -3.30) (pol 9.21 -30.77 -3.31)))";
   }
   return MessageOfCycle(cycle, elements);
+}
+
+/// Every run under the same calendar time, so that all of them are alike: the player's chance is
+/// seeded with it.
+PlayerSession startPlayer(const std::string& player, const std::filesystem::path& directory) {
+  const FixedTime fixed(1'234'567'890);
+  return {player, {"--unum=5"}, directory};
 }
 
 /// The frames that the player answers with, learnt at leisure.
 std::vector<Answer> learnAnswers(const std::string& player, int cycles,
                                  const std::filesystem::path& directory) {
-  PlayerSession session(player, {"--unum=5"}, directory);
+  PlayerSession session = startPlayer(player, directory);
   session.link.ReadFrame();
   std::vector<Answer> answers;
   for (int cycle = 1; cycle <= cycles; ++cycle) {
@@ -99,11 +122,14 @@ struct Times {
   std::vector<double> vision;
 };
 
-Times timeTurns(ServerLink& link, const std::vector<Answer>& answers) {
+/// BETWEEN is called before each turn and not timed.
+Times timeTurns(ServerLink& link, const std::vector<Answer>& answers,
+                const std::function<void()>& between) {
   Times times;
   for (int cycle = 1; cycle <= static_cast<int>(answers.size()); ++cycle) {
     const std::string message = messageOf(cycle);
     const std::size_t frames = answers[static_cast<std::size_t>(cycle - 1)].size();
+    between();
     const Clock::time_point start = Clock::now();
     link.SendFrame(message);
     for (std::size_t i = 0; i < frames; ++i) link.ReadFrame();
@@ -164,10 +190,45 @@ struct PlayerFigures {
 
 PlayerFigures timePlayer(const std::string& player, const std::vector<Answer>& answers,
                          const std::filesystem::path& directory) {
-  PlayerSession session(player, {"--unum=5"}, directory);
+  PlayerSession session = startPlayer(player, directory);
   session.link.ReadFrame();
-  Times times = timeTurns(session.link, answers);
+  Times times = timeTurns(session.link, answers, [&session] {
+    // The trace lines are read, or the player would wait over a full pipe.
+    session.player.Output();
+  });
   return {std::move(times), session.player.PeakMemory()};
+}
+
+/// The number of allocations in each turn, counted from outside, by the library beside this
+/// program.
+Times countAllocations(const std::string& player, int cycles,
+                       const std::filesystem::path& directory) {
+  const TempDir counts;
+  const std::string file = counts.write("count", std::string(sizeof(std::uint64_t), '\0'));
+  const auto sinceStart = [&file] {
+    std::uint64_t count = 0;
+    std::ifstream(file, std::ios::binary).read(reinterpret_cast<char*>(&count), sizeof(count));
+    return count;
+  };
+  setenv("ALLOCATION_COUNT", file.c_str(), 1);
+  setenv("LD_PRELOAD", PITCH_COUNT_ALLOCATIONS, 1);
+  PlayerSession session(player, {"--unum=5"}, directory);
+  unsetenv("LD_PRELOAD");
+  unsetenv("ALLOCATION_COUNT");
+  session.link.ReadFrame();
+  session.AwaitWaiting();
+  Times allocations;
+  std::uint64_t before = sinceStart();
+  for (int cycle = 1; cycle <= cycles; ++cycle) {
+    session.Turn(messageOf(cycle));
+    const std::uint64_t now = sinceStart();
+    if (cycle > kWarmUp) {
+      (cycle % kVisionEvery == 0 ? allocations.vision : allocations.plain)
+          .push_back(static_cast<double>(now - before));
+    }
+    before = now;
+  }
+  return allocations;
 }
 
 Times timeEcho(const std::vector<Answer>& answers) {
@@ -176,18 +237,36 @@ Times timeEcho(const std::vector<Answer>& answers) {
   const pid_t child = fork();
   if (child == 0) echo(address, answers);
   ServerLink link = listener.Accept();
-  Times times = timeTurns(link, answers);
+  Times times = timeTurns(link, answers, [] {});
   link.Close();
   waitpid(child, nullptr, 0);
   return times;
 }
 
-void printRow(const char* name, std::vector<double> times) {
-  if (times.empty()) return;
-  std::sort(times.begin(), times.end());
-  const auto percentile = [&](std::size_t p) { return times[(times.size() - 1) * p / 100]; };
-  std::printf("%-28s%10.1f%10.1f%10.1f%10zu\n", name, percentile(50), percentile(99), times.back(),
-              times.size());
+struct Row {
+  double p50 = 0;
+  double p99 = 0;
+  double max = 0;
+  std::size_t turns = 0;
+};
+
+Row rowOf(std::vector<double> values) {
+  if (values.empty()) return {};
+  std::sort(values.begin(), values.end());
+  const auto percentile = [&](std::size_t p) { return values[(values.size() - 1) * p / 100]; };
+  return {percentile(50), percentile(99), values.back(), values.size()};
+}
+
+void printRow(const char* name, const Row& row) {
+  std::printf("%-36s%10.1f%10.1f%10.1f%10zu\n", name, row.p50, row.p99, row.max, row.turns);
+}
+
+/// The player, the yardstick and how many times the one is the other.
+void printComparison(const std::string& what, const Row& player, const Row& echo) {
+  printRow(("player, " + what + " [us]").c_str(), player);
+  printRow(("echo, " + what + " [us]").c_str(), echo);
+  std::printf("%-36s%10.2f%10.2f%10.2f\n", "  player / echo", player.p50 / echo.p50,
+              player.p99 / echo.p99, player.max / echo.max);
 }
 
 }  // namespace
@@ -202,15 +281,16 @@ int main(int argc, char** argv) {
   const std::vector<Answer> answers = learnAnswers(player, cycles, directory);
   const auto [turns, memory] = timePlayer(player, answers, directory);
   const Times echoes = timeEcho(answers);
+  const Times allocations = countAllocations(player, std::min(cycles, 1000), directory);
 
   std::printf("%s; compiler %s; flags %s; commit %s; messages of %zu and %zu bytes\n",
               processor().c_str(), __VERSION__, PITCH_BUILD_FLAGS, PITCH_COMMIT,
               messageOf(kWarmUp + 1).size(), messageOf(kWarmUp + 2).size());
-  std::printf("%-28s%10s%10s%10s%10s\n", "", "p50 us", "p99 us", "max us", "turns");
-  printRow("player, sensors", turns.plain);
-  printRow("player, sensors and vision", turns.vision);
-  printRow("echo, sensors", echoes.plain);
-  printRow("echo, sensors and vision", echoes.vision);
+  std::printf("%-36s%10s%10s%10s%10s\n", "", "p50", "p99", "max", "turns");
+  printComparison("sensors", rowOf(turns.plain), rowOf(echoes.plain));
+  printComparison("full sight", rowOf(turns.vision), rowOf(echoes.vision));
+  printRow("allocations, sensors", rowOf(allocations.plain));
+  printRow("allocations, full sight", rowOf(allocations.vision));
   std::printf("player's memory at its most: %.1f MiB\n", static_cast<double>(memory) / 1024);
   return 0;
 }

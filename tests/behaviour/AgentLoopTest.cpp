@@ -6,7 +6,6 @@
 #include "behaviour/Agent.h"
 #include "perception/WorldModel.h"
 #include "tests/support/FreshPlayer.h"
-#include "tests/support/OutputCapture.h"
 #include "tests/support/TempDir.h"
 
 namespace {
@@ -59,6 +58,15 @@ TEST_F(AgentLoop, KickOffThatChangesSidesBeamsAnew) {
   EXPECT_EQ(Turn(22, "KickOff_Right"), Commands{kBeam});
   EXPECT_EQ(Turn(23, "KickOff_Left"), Commands{kBeam});
   EXPECT_EQ(Turn(24, "KickOff_Left"), Commands{""});
+}
+
+TEST_F(AgentLoop, LaterKickOffOfTheSameSideBeamsAgain) {
+  Turn(19, "BeforeKickOff");
+  EXPECT_EQ(Turn(21, "KickOff_Right"), Commands{kBeam});
+  EXPECT_EQ(Turn(22, "KickOff_Right"), Commands{""});
+  EXPECT_EQ(Turn(23, "PlayOn"), Commands{""});
+  EXPECT_EQ(Turn(24, "KickOff_Right"), Commands{kBeam});
+  EXPECT_EQ(Turn(25, "KickOff_Right"), Commands{""});
 }
 
 TEST_F(AgentLoop, OwnSideDoesNotMatterForTheBeam) {
