@@ -15,6 +15,7 @@
 #include <cerrno>
 #include <chrono>
 #include <cstdlib>
+#include <exception>
 #include <fstream>
 #include <iomanip>
 #include <iostream>
@@ -112,10 +113,7 @@ std::vector<double> turnTimes(const Case& what, int turns) {
   return times;
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
-  const int turns = std::max(1, argc > 1 ? std::atoi(argv[1]) : 200);
+void report(int turns) {
   std::string model;
   std::ifstream info("/proc/cpuinfo");
   while (std::getline(info, model) && !model.starts_with("model name")) continue;
@@ -136,5 +134,16 @@ int main(int argc, char** argv) {
               << std::setprecision(3) << std::setw(10) << percentile(50) << std::setw(10)
               << percentile(99) << std::setw(10) << times.back() << '\n';
   }
-  return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    report(std::max(1, argc > 1 ? std::atoi(argv[1]) : 200));
+    return 0;
+  } catch (const std::exception& e) {
+    std::cerr << "bench_nodelay: " << e.what() << '\n';
+    return 1;
+  }
 }

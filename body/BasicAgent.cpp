@@ -67,7 +67,7 @@ BasicAgent::BasicAgent() {
   Kp = 1.0;
   Ki = 0.0;
   Kd = 0.0;
-  particleFilters.reset(new Particle_filtering[kFilterCount]);
+  particleFilters = std::make_unique<Particle_filtering[]>(kFilterCount);
   actionFileStartTime = 0;
   actionFileOpen = false;
 

@@ -21,7 +21,7 @@ constexpr double kRobotClearance = 0.25;
 std::string described(const TeamPlace& place) {
   char text[128];
   std::snprintf(text, sizeof text, "(%.2f, %.2f), facing %.0f deg", place.x, place.y,
-                place.headingDeg + 0.0);  // the sum turns -0 into 0
+                std::round(place.headingDeg) + 0.0);  // the sum turns -0 into 0
   return text;
 }
 

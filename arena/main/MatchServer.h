@@ -26,7 +26,7 @@ struct PaceSettings {
   double speed = 1;                            ///< times real time; 0: as fast as players answer
   std::size_t playersToStart = 1;              ///< the first cycle waits for so many bodies
   std::chrono::microseconds patience{20'000};  ///< for answers, at speed 0
-  std::chrono::microseconds settle{1'000};      ///< for further frames of an answer, at speed 0
+  std::chrono::microseconds settle{1'000};     ///< for further frames of an answer, at speed 0
 };
 
 struct ServerSettings {

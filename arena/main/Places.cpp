@@ -12,8 +12,9 @@ constexpr double kPlaceSpacing = 1.5;     // [m] twelve places fill the touchlin
 constexpr double kBehindTouchline = 0.6;  // [m] arms reach 0.2 m forward: clear of the line
 constexpr double kBeamMargin = 1.0;       // [m]
 
+/// -180 to 180; the sum turns -0, which players send, into 0.
 double normalised(double degrees) {
-  return std::remainder(degrees, 360.0);
+  return std::remainder(degrees, 360.0) + 0.0;
 }
 
 /// Half a turn of the field: what is the left team's is the right team's and back.

@@ -188,8 +188,12 @@ echo "12.00 s  the match is over"
 until (($(grep -l gone "$LOGS"/*.log | wc -l) == 6)); do sleep 0.05; done 2>/dev/null
 echo "a summary"
 EOF
-  stand_in pitchagent <<<'echo gone; exit 4'
-  LOGS=$temp/logs play run
+  stand_in pitchagent <<'EOF'
+until grep -q 'is over' "$OUT"; do sleep 0.05; done
+echo gone
+exit 4
+EOF
+  LOGS=$temp/logs OUT=$temp/out play run
   expect_status 0
   expect_text out '^a summary$'
   if grep -q ' ended with ' "$temp/out"; then flunk "the players' end is told"; fi

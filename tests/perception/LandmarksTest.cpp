@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <sstream>
 #include <string>
 
 #include "perception/SLangParser.h"
@@ -98,10 +99,9 @@ TEST_F(LandmarkSight, EachNameHasItsRecord) {
   for (const LandmarkRow& row : kLandmarks) {
     SCOPED_TRACE(row.name);
     ++index;
-    const std::string number = std::to_string(index);
-    EXPECT_EQ(decode("(" + std::string(row.name) + " (pol " + number + ".25 -" + number + " 0." +
-                     number + "))"),
-              0);
+    std::ostringstream element;
+    element << '(' << row.name << " (pol " << index << ".25 -" << index << " 0." << index << "))";
+    EXPECT_EQ(decode(element.str()), 0);
     const PolarInfo& record = vision.*row.record;
     EXPECT_EQ(record.distance, index + 0.25);
     EXPECT_EQ(record.angle, -index);

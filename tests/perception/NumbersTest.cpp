@@ -62,7 +62,10 @@ TEST(FirstDouble, FractionIsTheSumOfItsDigits) {
   int unlikeTheNearest = 0;
   for (int i = 0; i < 1000; ++i) {
     const std::string text = "0." + std::to_string(1000 + i).substr(1);
-    const double sum = (i / 100) / 10.0 + (i / 10 % 10) / 100.0 + (i % 10) / 1000.0;
+    const int tenths = i / 100;
+    const int hundredths = i / 10 % 10;
+    const int thousandths = i % 10;
+    const double sum = tenths / 10.0 + hundredths / 100.0 + thousandths / 1000.0;
     EXPECT_EQ(SLangParser::parseFirstDouble(text), sum) << text;
     unlikeTheNearest += sum != std::stod(text) ? 1 : 0;
   }
