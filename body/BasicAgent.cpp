@@ -4,7 +4,6 @@
 
 namespace {
 
-constexpr std::size_t kFilterCount = 12;
 /// A shirt number never heard from loses every comparison of who is nearest to the ball.
 constexpr double kFarAway = 1000.0;
 constexpr double kOffField = -10000.0;

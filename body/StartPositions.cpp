@@ -11,7 +11,6 @@
 namespace {
 
 constexpr int kTeamSize = 6;
-constexpr int kFilterCount = 12;
 constexpr const char* kTeamName = "Kolu-Otters";
 constexpr const char* kAttackDirection = "-0";  ///< [deg] straight at the goal
 

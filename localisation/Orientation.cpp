@@ -12,7 +12,7 @@ void BasicAgent::findOrientation() {
   double bestDistance = 100000000.0;
   bool found = false;
   PolarInfo best;
-  // The order decides between flags at one distance: corner flags first, end by end.
+  // The order decides between flags at one distance: corner flags first, the two ends in turn.
   for (const PolarInfo* flag : {&vision.F1L, &vision.F1R, &vision.F2L, &vision.F2R, &vision.G1L,
                                 &vision.G1R, &vision.G2L, &vision.G2R}) {
     if (bestDistance > flag->distance && flag->seen) {

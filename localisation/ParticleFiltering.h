@@ -9,6 +9,9 @@
 
 #include "math/VecPosition.h"
 
+/// A body holds one for each number that a shirt could have.
+inline constexpr int kFilterCount = 12;
+
 struct particle {
   VecPosition pos;    ///< [m] field frame
   double weight = 0;  ///< 1 or 0 after a gate pass
@@ -34,8 +37,8 @@ class Particle_filtering {
   /// Draws particle I anew round the measurement. Towards greater x and y it moves 0.02 m at most,
   /// towards smaller ones it follows at once: the limit is one-sided on purpose.
   void transition(int i);
-  /// The same with a drift along the step from the last estimate, noise times FACTOR and a limit of
-  /// 0.04 m.
+  /// The same with a drift along the step from the last estimate, finer noise (0.004 m) times
+  /// FACTOR and a limit of 0.04 m.
   void transition2(int i, double factor);
   void normalizeWeights(particle* p, int n);
   /// Does nothing: there is no resampling here.

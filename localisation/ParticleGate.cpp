@@ -6,7 +6,6 @@
 
 namespace {
 
-constexpr int kFilterCount = 12;
 constexpr double kBand = 1.5;     ///< [m] the gate's shift in x and in y, either way
 constexpr double kReachX = 12.0;  ///< [m] the field and 3 m on every side
 constexpr double kReachY = 9.0;

@@ -28,8 +28,8 @@ class Circle {
   [[nodiscard]] double getVolume() const;
   /// Strictly inside. A height that isn't ignored counts in the distance.
   [[nodiscard]] bool isInside(VecPosition p, bool ignoreHeight) const;
-  /// How many points the circles share. Both points are written whatever the result; circles about
-  /// one centre give 2 and points that are no numbers.
+  /// How many points the circles share. Both points are written whatever the result; equal circles
+  /// give 2 and points that are no numbers.
   int getCircleIntersectionPoints(Circle other, VecPosition* p1, VecPosition* p2) const;
   [[nodiscard]] double getIntersectionArea(Circle other, bool sameHeightOnly) const;
   /// "c:(x, y, z), r:radius"
