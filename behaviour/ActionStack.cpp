@@ -1,10 +1,10 @@
 /// Agent: the stack of actions and its executor.
 
+#include "behaviour/Agent.h"
+
 #include <algorithm>
 #include <iostream>
 #include <vector>
-
-#include "behaviour/Agent.h"
 
 namespace {
 

@@ -1,10 +1,11 @@
 /// Agent: the way to a point right behind the ball, on the line from the goal through the ball.
 
+#include "behaviour/Agent.h"
+
 #include <cmath>
 #include <iostream>
 
 #include "behaviour/Accuracy.h"
-#include "behaviour/Agent.h"
 #include "behaviour/BallGeometry.h"
 #include "math/Geometry.h"
 #include "perception/WorldModel.h"
@@ -13,7 +14,7 @@ namespace {
 
 constexpr double kMargin = 0.2;             ///< [m]
 constexpr double kHeadingTolerance = 14.0;  ///< [deg]
-constexpr double kAcrossNorth = 346.0;      ///< [deg] the same tolerance across the wrap of 360
+constexpr double kAcrossWrap = 346.0;       ///< [deg] the same tolerance across the wrap of 360
 constexpr double kTooFar = 0.1;             ///< [m]
 constexpr double kOffLine = 0.08;           ///< [m]
 constexpr double kOnLine = 0.104;           ///< [m]
@@ -26,7 +27,7 @@ bool facesAway(const Agent& agent) {
     a += 360.0;
   }
   const double h = std::fabs(agent.myDegree - a);
-  return h > kHeadingTolerance && !(h > kAcrossNorth);
+  return h > kHeadingTolerance && !(h > kAcrossWrap);
 }
 
 bool isTooFarForward(const BallGeometry& g, const VecPosition& me) {

@@ -1,9 +1,10 @@
 /// Agent: whose ball it is, who gives way, where the ball lies for the keeper.
 
+#include "behaviour/Agent.h"
+
 #include <cstddef>
 #include <sstream>
 
-#include "behaviour/Agent.h"
 #include "perception/WorldModel.h"
 
 namespace {

@@ -1,11 +1,12 @@
 /// Agent: when to shoot, with which foot, and the eight steps of a kick.
 
+#include "behaviour/Agent.h"
+
 #include <array>
 #include <cstddef>
 #include <iostream>
 
 #include "behaviour/Accuracy.h"
-#include "behaviour/Agent.h"
 #include "behaviour/BallGeometry.h"
 #include "perception/WorldModel.h"
 

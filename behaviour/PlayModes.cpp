@@ -1,12 +1,15 @@
 /// Agent: the decision of one cycle, by play mode and shirt number.
 
+#include "behaviour/Agent.h"
+
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <cstddef>
 #include <iostream>
+#include <string>
 #include <string_view>
 
-#include "behaviour/Agent.h"
 #include "perception/WorldModel.h"
 
 namespace {

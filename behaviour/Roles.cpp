@@ -1,7 +1,8 @@
 /// Agent: what the goalkeeper and the forwards do.
 
-#include "behaviour/Accuracy.h"
 #include "behaviour/Agent.h"
+
+#include "behaviour/Accuracy.h"
 #include "perception/WorldModel.h"
 
 namespace {
@@ -11,7 +12,7 @@ constexpr double kFacesForwardBelow = 20.0;
 constexpr double kFacesForwardFrom = 340.0;
 constexpr double kDiveDistance = 3.0;
 constexpr double kHoldDistance = 4.0;
-constexpr double kGoalLineX = -8.7;
+constexpr double kTooFarBackX = -8.7;
 constexpr double kTooFarOutX = -8.2;
 constexpr double kTooFarAsideY = 0.6;
 constexpr double kKeeperSideStep = 0.1;
@@ -22,7 +23,7 @@ constexpr double kNearBall = 0.5;
 
 /// Back to the middle of the goal, when the ball is far.
 void keepStation(Agent& agent) {
-  agent.shallWalk = agent.myPos.x < kGoalLineX;
+  agent.shallWalk = agent.myPos.x < kTooFarBackX;
   agent.pushActionToStack(walk_state);
   if (agent.myPos.x > kTooFarOutX) {
     agent.pushActionToStack(backward_state);

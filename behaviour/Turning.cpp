@@ -1,10 +1,11 @@
 /// Agent: turns, side steps, and the head to the ball.
 
+#include "behaviour/Agent.h"
+
 #include <array>
 #include <cmath>
 #include <iostream>
 
-#include "behaviour/Agent.h"
 #include "math/Geometry.h"
 #include "perception/WorldModel.h"
 

@@ -1,10 +1,11 @@
 /// Agent: the gate through which every action script goes, and the chain of walk scripts.
 
+#include "behaviour/Agent.h"
+
 #include <array>
 #include <iostream>
 #include <string_view>
 
-#include "behaviour/Agent.h"
 #include "perception/WorldModel.h"
 
 namespace {
