@@ -5,6 +5,7 @@
 //   bench_localisation [--format text|markdown|json] [--split] [--seed N]
 
 #include <CLI/CLI.hpp>
+#include <exception>
 #include <iostream>
 #include <string>
 #include <vector>
@@ -12,7 +13,9 @@
 #include "bench/LocalisationTable.h"
 #include "bench/LocalisationTrial.h"
 
-int main(int argc, char** argv) {
+namespace {
+
+int report(int argc, char** argv) {
   bench::TrialSettings settings;
   std::string format = "text";
   bool split = false;
@@ -40,4 +43,15 @@ Filter on: players beamed to a path's start and carried along it. Where nothing 
 error is how far they were carried since.
 )";
   return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    return report(argc, argv);
+  } catch (const std::exception& e) {
+    std::cerr << "bench_localisation: " << e.what() << '\n';
+    return 1;
+  }
 }
