@@ -39,23 +39,23 @@ void order(SeenFlags& list) {
   }
 }
 
-SeenFlags leftEnd(visionInfo& vision) {
+SeenFlags inOrder(const std::array<PolarInfo*, 4>& flags) {
   SeenFlags list;
-  for (PolarInfo* flag : {&vision.F1L, &vision.F2L, &vision.G1L, &vision.G2L}) {
+  for (PolarInfo* flag : flags) {
     list.add(*flag);
   }
   order(list);
   return list;
 }
 
-SeenFlags rightEnd(visionInfo& vision) {
-  SeenFlags list;
-  for (PolarInfo* flag : {&vision.F1R, &vision.F2R, &vision.G1R, &vision.G2R}) {
-    list.add(*flag);
-  }
-  order(list);
-  return list;
-}
+struct FlagsInView {
+  explicit FlagsInView(visionInfo& vision)
+      : left(inOrder({&vision.F1L, &vision.F2L, &vision.G1L, &vision.G2L})),
+        right(inOrder({&vision.F1R, &vision.F2R, &vision.G1R, &vision.G2R})) {}
+
+  SeenFlags left;
+  SeenFlags right;
+};
 
 bool hasVisionNow(const WorldModel& world) {
   return world.lastSeeCycle == world.cycle;
@@ -102,8 +102,7 @@ void BasicAgent::LocalizeAgentWith3FlagsCircle() {
   if (!hasVisionNow(*world)) {
     return;
   }
-  const SeenFlags left = leftEnd(world->vision);
-  const SeenFlags right = rightEnd(world->vision);
+  const auto [left, right] = FlagsInView(world->vision);
   // With flags at both ends and three or more in all, the last place stands.
   const auto [a, b] = simplePair(left, right);
   if (a != nullptr) {
@@ -140,8 +139,7 @@ void BasicAgent::LocalizeAgentWith3Flags() {
   if (!hasVisionNow(*world)) {
     return;
   }
-  const SeenFlags left = leftEnd(world->vision);
-  const SeenFlags right = rightEnd(world->vision);
+  const auto [left, right] = FlagsInView(world->vision);
   const auto [a, b] = simplePair(left, right);
   if (a != nullptr) {
     LocalizeAgentWith2Flags(a, b);
