@@ -1,11 +1,22 @@
 #pragma once
 
-/// Numeric helpers beside the plane geometry: the quadratic formula, which the intersection of a
-/// line with a circle stands on, the least squares line, geometric series. Nothing here has data.
+/// The source unit Algebra: matrices, quaternions, and numeric helpers. Include this header for any
+/// of it.
+///
+/// The helpers are told here and in Algebra.cpp: the quadratic formula, which the intersection of a
+/// line with a circle stands on, the least squares line, geometric series. They have no data. Each
+/// class of the linear algebra has a pair of files of its own, for all of them in one would be more
+/// than a reader can hold:
+///   Matrix3                         linear maps; its rotations stand in Matrix3Rotation.cpp
+///   Matrix4                         affine maps
+///   Quaternion                      rotations
 
 #include <vector>
 
 #include "math/Line.h"
+#include "math/Matrix3.h"
+#include "math/Matrix4.h"
+#include "math/Quaternion.h"
 #include "math/VecPosition.h"
 
 class Algebra {

@@ -1,8 +1,19 @@
 #pragma once
 
-/// The numeric floor of the player: functions that compute in degrees, and small helpers on
-/// numbers. The value class of places stands in VecPosition.h, which this header brings along.
+/// The source unit Geometry, the numeric floor of the player: numbers, angles in degrees, places,
+/// and the shapes of plane and space. Include this header for any of it.
+///
+/// Numbers and angles are told here and in Geometry.cpp. Each class of the unit has a pair of files
+/// of its own, for all of them in one would be more than a reader can hold:
+///   VecPosition                     points and vectors
+///   Circle, Line, Rect              the plane of the field
+///   Plane, Line3                    space
 
+#include "math/Circle.h"
+#include "math/Line.h"
+#include "math/Line3.h"
+#include "math/Plane.h"
+#include "math/Rect.h"
 #include "math/VecPosition.h"
 
 /// The one tolerance of the geometry code: a value counts as zero when its absolute value is

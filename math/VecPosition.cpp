@@ -17,20 +17,6 @@ void reportBadIndex(int index) {
 
 }  // namespace
 
-VecPosition::VecPosition(double a, double b, double c, CoordSystemT cs) {
-  setVecPosition(a, b, c, cs);
-}
-
-void VecPosition::setVecPosition(double a, double b, double c, CoordSystemT cs) {
-  if (cs == CARTESIAN) {
-    x = a;
-    y = b;
-    z = c;
-  } else {
-    *this = getVecPositionFromPolar(a, b, c);
-  }
-}
-
 VecPosition VecPosition::getVecPositionFromPolar(double r, double theta, double phi) {
   return {r * cosDeg(phi) * cosDeg(theta), r * cosDeg(phi) * sinDeg(theta), r * sinDeg(phi)};
 }

@@ -24,9 +24,21 @@ class VecPosition {
   double z = 0.0;
 
   VecPosition() = default;
-  VecPosition(double a, double b, double c = 0.0, CoordSystemT cs = CARTESIAN);
+  constexpr VecPosition(double a, double b, double c = 0.0, CoordSystemT cs = CARTESIAN) {
+    setVecPosition(a, b, c, cs);
+  }
 
-  void setVecPosition(double a, double b, double c, CoordSystemT cs = CARTESIAN);
+  // Cartesian numbers make a constant already for the compiler, so that what is built from them at
+  // start is there before any code runs.
+  constexpr void setVecPosition(double a, double b, double c, CoordSystemT cs = CARTESIAN) {
+    if (cs == CARTESIAN) {
+      x = a;
+      y = b;
+      z = c;
+    } else {
+      *this = getVecPositionFromPolar(a, b, c);
+    }
+  }
   static VecPosition getVecPositionFromPolar(double r, double theta, double phi);
 
   bool setX(double value);
@@ -132,4 +144,4 @@ class VecPosition {
 std::ostream& operator<<(std::ostream& os, VecPosition v);
 
 /// No known place.
-inline const VecPosition UnknownPosition(-1000.0, -1000.0, -1000.0);
+inline constexpr VecPosition UnknownPosition(-1000.0, -1000.0, -1000.0);
