@@ -22,7 +22,7 @@ class Line3 {
   /// Azimuth and elevation in degrees.
   Line3(VecPosition through, double theta, double phi);
   /// The line of the field, at height 0.
-  explicit Line3(const Line& line);
+  Line3(const Line& line);
 
   /// From the first towards the second. Exactly equal points are reported on standard error and
   /// change nothing: false.
@@ -45,23 +45,24 @@ class Line3 {
 
   /// [m] -1000 and a word on standard error for a line without direction.
   [[nodiscard]] double getDistanceWithPoint(const VecPosition& p) const;
-  /// Nearer than EPSILON.
+  /// Nearer than EPSILON. True of every point for a line without direction, as -1000 is nearer too.
   [[nodiscard]] bool isPointOnLine(const VecPosition& p) const;
   /// Takes the direction for a unit vector.
   [[nodiscard]] VecPosition getPointOnLineClosestTo(const VecPosition& p) const;
-  /// [m]
+  /// [m] Directions within 0.006 degrees of each other count as parallel.
   [[nodiscard]] double getDistanceWithLine(const Line3& other) const;
 
   /// False, with UnknownPosition, for a line exactly along the plane.
   bool getIntersectionWithPlane(const Plane& plane, VecPosition& result) const;
   /// False, without writing, for a line exactly along the plane's normal.
   bool getProjectionOnPlane(const Plane& plane, Line3& result) const;
-  /// Lines that pass each other by no more than EPSILON meet half-way. False, with
-  /// UnknownPosition, if they don't; of one line with itself the result is this line's point.
+  /// Lines that pass each other by no more than EPSILON meet half-way; of one line with itself the
+  /// result is this line's point. False, with UnknownPosition, for lines further apart, and for all
+  /// that getLineLineIntersection() counts as parallel.
   bool getIntersectionWithLine(const Line3& other, VecPosition& result) const;
   /// The shortest way from this line to the other: its ends through PA (here) and PB (there), each
-  /// unless null, and the line along it. False for parallel lines, or a line without direction. The
-  /// line along it stays untouched where the ends are one point.
+  /// unless null, and the line along it. False for lines within 0.57 degrees of parallel, or a line
+  /// without direction. The line along it stays untouched where the ends are one point.
   bool getLineLineIntersection(const Line3& other, Line3& segment, VecPosition* pa,
                                VecPosition* pb) const;
 

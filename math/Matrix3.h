@@ -32,9 +32,9 @@ class Matrix3 {
   /// Three rows.
   explicit Matrix3(const double (*rows)[3]);
   /// The upper left block.
-  explicit Matrix3(const Matrix4& matrix);
+  Matrix3(const Matrix4& matrix);
   /// The rotation, of a unit quaternion.
-  explicit Matrix3(const Quaternion& rotation);
+  Matrix3(const Quaternion& rotation);
   /// Back to the identity.
   void clearMatrix();
   /// Sets all nine elements to the scalar.

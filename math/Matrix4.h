@@ -33,8 +33,8 @@ class Matrix4 {
   /// Four rows.
   explicit Matrix4(const double (*rows)[4]);
   /// With the identity around the block.
-  explicit Matrix4(const Matrix3& block);
-  explicit Matrix4(const Quaternion& rotation);
+  Matrix4(const Matrix3& block);
+  Matrix4(const Quaternion& rotation);
   /// Back to the identity.
   void clearMatrix();
   /// Sets all sixteen elements to the scalar.

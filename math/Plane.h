@@ -43,7 +43,8 @@ class Plane {
   [[nodiscard]] VecPosition getMirroredPoint(const VecPosition& p) const;
   /// Between the normals, 0 to 180 [deg].
   [[nodiscard]] double getDihedralAngle(const Plane& other) const;
-  /// False, without writing, for planes whose normals are exactly equal or opposite.
+  /// False, without writing, for planes whose normals are exactly equal or opposite; also, with a
+  /// word on standard error, where a normal of next to no length leaves nothing to cross.
   bool getIntersectionWithPlane(const Plane& other, Line3& result) const;
 
   /// "(Plane (x y z) delta)", the normal with two decimals.

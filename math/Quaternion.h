@@ -28,18 +28,18 @@ class Quaternion {
   Quaternion() = default;
   constexpr Quaternion(double real, double i, double j, double k) : w(real), x(i), y(j), z(k) {}
   /// (0, v): no rotation but a place, as q v q* has it.
-  explicit Quaternion(const VecPosition& v);
+  Quaternion(const VecPosition& v);
   Quaternion& operator=(const VecPosition& v);
   /// The axis may have any length.
   Quaternion(const double& degrees, const VecPosition& axis);
   void fromAngleAxis(const double& degrees, const VecPosition& axis);
   /// Of a rotation matrix, or the rotation in an affine one.
-  explicit Quaternion(const Matrix3& rotation);
-  explicit Quaternion(const Matrix4& transform);
+  Quaternion(const Matrix3& rotation);
+  Quaternion(const Matrix4& transform);
   void fromMatrix3(const Matrix3& rotation);
   /// Three perpendicular unit vectors: where the rotation takes the axes.
   void fromAxes(const VecPosition* three);
-  /// Turns by e.x about x first, then by e.z about z, then by e.y about y. [deg]
+  /// Turns by the x member about x first, then by z about z, then by y about y. [deg]
   void fromEulerAngles(const VecPosition& degrees);
 
   /// 0 to 3 is w, x, y, z. Any other index is reported on standard error; it reads 0, and what is

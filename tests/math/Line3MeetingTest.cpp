@@ -76,6 +76,30 @@ TEST(LineMeetsLine, PassingWithinTheToleranceIsMeetingHalfWay) {
   EXPECT_THAT(result, IsPlaceNear(5, 2, 3.00004));
 }
 
+TEST(LineMeetsLine, PassingByTheToleranceItselfIsMeeting) {
+  VecPosition result = kElsewhere;
+  EXPECT_TRUE(Line3().getIntersectionWithLine(Line3({0, 0, EPSILON}, {0, 1, EPSILON}), result));
+  EXPECT_THAT(result, IsPlaceNear(0, 0, 0.00005));
+}
+
+TEST(LineMeetsLine, ParallelsMustBeStrictlyWithinTheToleranceToBeOneLine) {
+  VecPosition result = kElsewhere;
+  EXPECT_TRUE(Line3().getIntersectionWithLine(Line3({9, 0.00009, 0}, {8, 0.00009, 0}), result));
+  EXPECT_THAT(result, IsPlace(0, 0, 0));
+  EXPECT_FALSE(Line3().getIntersectionWithLine(Line3({9, EPSILON, 0}, {8, EPSILON, 0}), result));
+  EXPECT_EQ(result, UnknownPosition);
+}
+
+TEST(LineMeetsLine, LineWithoutDirectionMeetsNone) {
+  Line3 none;
+  none.setVector({0, 0, 0});
+  VecPosition result = kElsewhere;
+  OutputCapture errors(OutputCapture::Stream::Error);
+  EXPECT_FALSE(none.getIntersectionWithLine(Line3(), result));
+  EXPECT_EQ(result, UnknownPosition);
+  EXPECT_EQ(errors.text(), "(Line3::getDistanceWithLine) Direction vector is zero\n");
+}
+
 TEST(LineMeetsLine, LineMeetsItselfAtItsPoint) {
   const Line3 line({1, 2, 3}, {1, 4, 3});
   const Line3 again({1, 9, 3}, {1, 8, 3});

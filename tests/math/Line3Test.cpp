@@ -124,6 +124,16 @@ TEST(Line3Distance, PointIsOnTheLineWithinTheTolerance) {
   EXPECT_FALSE(Line3().isPointOnLine({5, 0.00008, 0.00008}));
 }
 
+// -1000 is below the tolerance.
+TEST(Line3Distance, EveryPointIsOnALineWithoutDirection) {
+  Line3 line;
+  line.setVector({0, 0, 0});
+  OutputCapture errors(OutputCapture::Stream::Error);
+  const bool on = line.isPointOnLine({1, 2, 3});
+  EXPECT_EQ(errors.text(), "(Line3::getDistanceWithLine) Direction vector is zero\n");
+  EXPECT_TRUE(on);
+}
+
 TEST(Line3Distance, ClosestPointIsTheFoot) {
   EXPECT_THAT(Line3({2, 5, 1}, {2, 6, 1}).getPointOnLineClosestTo({7, 8, 9}), IsPlaceNear(2, 8, 1));
   // (4, 4, 1) = (1, 1, 1) + (3, 3, 0), and (3, 3, 0) · (2, 3, 6) / 49 = 15 / 49.
@@ -141,6 +151,23 @@ TEST(Line3Distance, SkewLinesPassEachOther) {
 TEST(Line3Distance, ParallelLinesKeepTheirs) {
   const Line3 other({3, 3, 4}, {1, 3, 4});
   EXPECT_NEAR(Line3().getDistanceWithLine(other), 5, 1e-12);
+}
+
+// 10 ahead, 3 beside and 4 above: a parallel there is 5 away, any other line 4.
+TEST(Line3Distance, NearlyParallelLinesAreTakenForParallel) {
+  EXPECT_NEAR(Line3().getDistanceWithLine(Line3({10, 3, 4}, {11, 3.00009, 4})), 5, 1e-12);
+  EXPECT_NEAR(Line3().getDistanceWithLine(Line3({10, 3, 4}, {11, 3.00011, 4})), 4, 1e-12);
+}
+
+TEST(Line3Distance, BetweenLinesReportsThisOneWithoutDirection) {
+  Line3 none;
+  none.setVector({0, 0, 0});
+  OutputCapture errors(OutputCapture::Stream::Error);
+  const double fromThis = none.getDistanceWithLine(Line3());
+  const double fromTheOther = Line3({0, 3, 4}, {1, 3, 4}).getDistanceWithLine(none);
+  EXPECT_EQ(errors.text(), "(Line3::getDistanceWithLine) Direction vector is zero\n");
+  EXPECT_EQ(fromThis, -1000);
+  EXPECT_NEAR(fromTheOther, 5, 1e-12);
 }
 
 TEST(Line3Text, NamesDirectionAndPoint) {

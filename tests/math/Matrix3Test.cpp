@@ -202,6 +202,20 @@ TEST(Matrix3Inverse, DeterminantNextToNothingIsReportedAndDividedBy) {
   EXPECT_NEAR(inverse.m[2][2], 20, 1e-9);
 }
 
+TEST(Matrix3Inverse, NegativeDeterminantNextToNothingIsReportedToo) {
+  OutputCapture errors(OutputCapture::Stream::Error);
+  const Matrix3 inverse = Matrix3(-0.00005, 0, 0, 0, 1, 0, 0, 0, 1).getInverseMatrix();
+  EXPECT_EQ(errors.text(), "(Matrix3::inverseMatrix) Determinant is zero\n");
+  EXPECT_NEAR(inverse.m[0][0], -20000, 1e-9);
+}
+
+TEST(Matrix3Inverse, DeterminantOfTheToleranceItselfGoesUnreported) {
+  OutputCapture errors(OutputCapture::Stream::Error);
+  const Matrix3 inverse = Matrix3(EPSILON, 0, 0, 0, 1, 0, 0, 0, 1).getInverseMatrix();
+  EXPECT_EQ(errors.text(), "");
+  EXPECT_NEAR(inverse.m[0][0], 10000, 1e-9);
+}
+
 TEST(Matrix3Inverse, NegativeDeterminantGoesUnreported) {
   OutputCapture errors(OutputCapture::Stream::Error);
   EXPECT_TRUE(Matrix3(-1, 0, 0, 0, 1, 0, 0, 0, 1).getInverseMatrix() ==

@@ -70,15 +70,17 @@ TEST(QuaternionPitchRollYaw, YawBeyondAQuarterTurnNeedsTheProjection) {
   EXPECT_NEAR(q.getYaw(false), 50, 1e-12);  // asin
 }
 
-// (2, 1, 1, 1) isn't a unit quaternion; the formulas differ in which squares they assume.
+// (2, 1, 3, 5) isn't a unit quaternion; the formulas differ in which squares they assume.
 TEST(QuaternionPitchRollYaw, FormulasDifferAwayFromUnitLength) {
-  const Quaternion q(2, 1, 1, 1);
-  EXPECT_NEAR(q.getPitch(true), atan2Deg(6, -3), 1e-12);
-  EXPECT_NEAR(q.getPitch(false), atan2Deg(6, 3), 1e-12);
-  EXPECT_NEAR(q.getRoll(true), atan2Deg(6, -3), 1e-12);
-  EXPECT_NEAR(q.getRoll(false), atan2Deg(6, 3), 1e-12);
-  EXPECT_NEAR(q.getYaw(true), atan2Deg(6, -3), 1e-12);
-  EXPECT_NEAR(q.getYaw(false), 90, 1e-12);  // 2 is no sine
+  const Quaternion q(2, 1, 3, 5);
+  const auto degrees = [](double y, double x) { return std::atan2(y, x) / PI * 180; };
+  EXPECT_NEAR(q.getPitch(true), degrees(30 + 4, 1 - (2 + 50)), 1e-12);
+  EXPECT_NEAR(q.getPitch(false), degrees(2 * (15 + 2), 4 - 1 - 9 + 25), 1e-12);
+  EXPECT_NEAR(q.getRoll(true), degrees(6 + 20, 1 - (18 + 50)), 1e-12);
+  EXPECT_NEAR(q.getRoll(false), degrees(2 * (3 + 10), 4 + 1 - 9 - 25), 1e-12);
+  EXPECT_NEAR(q.getYaw(true), degrees(10 + 12, 1 - (2 + 18)), 1e-12);
+  EXPECT_NEAR((q * 0.5).getYaw(false), 30, 1e-12);  // -2 (1.25 - 1.5) = 0.5
+  EXPECT_EQ(q.getYaw(false), 90);                   // 2 is no sine
 }
 
 TEST(QuaternionEuler, OneAngleIsATurnAboutItsAxis) {

@@ -153,6 +153,14 @@ TEST(QuaternionNorm, NormalizeReturnsTheSumThatWas) {
   EXPECT_TRUE(unit == kThird);
 }
 
+TEST(QuaternionNorm, ZeroHasNoUnitQuaternion) {
+  Quaternion q = Quaternion::zero;
+  EXPECT_EQ(q.normalize(), 0);
+  EXPECT_TRUE(std::isnan(q.w));
+  EXPECT_TRUE(std::isnan(q.z));
+  EXPECT_TRUE(std::isnan(Quaternion::zero.getConjugate().x));
+}
+
 TEST(QuaternionInverse, IsTheConjugateOverTheSumOfSquares) {
   EXPECT_TRUE(Quaternion(1, 1, 1, 1).getInverse() == Quaternion(0.25, -0.25, -0.25, -0.25));
   EXPECT_TRUE(Quaternion().getInverse() == Quaternion::identity);
@@ -199,9 +207,16 @@ TEST(QuaternionOfMatrix, QuarterAndHalfTurns) {
   expectNear(Quaternion(Matrix3(1, 0, 0, 0, -1, 0, 0, 0, -1)), 0, 1, 0, 0);
   expectNear(Quaternion(Matrix3(-1, 0, 0, 0, 1, 0, 0, 0, -1)), 0, 0, 1, 0);
   expectNear(Quaternion(Matrix3(-1, 0, 0, 0, -1, 0, 0, 0, 1)), 0, 0, 0, 1);
-  // About (1, 1, 0) and (1, 0, -1) / sqrt(2): of two equal members the earlier is positive.
-  expectNear(Quaternion(Matrix3(0, 1, 0, 1, 0, 0, 0, 0, -1)), 0, half, half, 0);
+  // About (1, -1, 0), (1, 0, -1) and (0, 1, -1) / sqrt(2): of two equal members the earlier is
+  // positive.
+  expectNear(Quaternion(Matrix3(0, -1, 0, -1, 0, 0, 0, 0, -1)), 0, half, -half, 0);
   expectNear(Quaternion(Matrix3(0, 0, -1, 0, -1, 0, -1, 0, 0)), 0, half, 0, -half);
+  expectNear(Quaternion(Matrix3(-1, 0, 0, 0, 0, -1, 0, -1, 0)), 0, 0, half, -half);
+}
+
+// Two thirds of a turn forwards about the space diagonal, not one third backwards: x is positive.
+TEST(QuaternionOfMatrix, TraceOfZeroStartsAtTheLargestMember) {
+  expectNear(Quaternion(Matrix3(0, 1, 0, 0, 0, 1, 1, 0, 0)), -0.5, 0.5, 0.5, 0.5);
 }
 
 TEST(QuaternionText, HasTwoFixedDecimals) {
