@@ -1,6 +1,6 @@
-// How many times faster than real time does a match of six standing players run at speed 0, link
-// and all? Six clients in this process that answer each message with the idle message, then six
-// real players. Beside them, as a yardstick, the bare simulation of six robots in the same run.
+// How many times faster than real time does a match run at speed 0, link and all, and where does
+// the time of a cycle go? Six and twelve stub players in this process, then real ones. Beside them,
+// as a yardstick, the bare steps of the physics engine with as many robots in the same run.
 //
 //   arena [seconds of simulated time, default 20]
 
@@ -12,121 +12,128 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <cmath>
 #include <csignal>
 #include <cstdlib>
+#include <exception>
 #include <filesystem>
-#include <fstream>
 #include <iomanip>
 #include <iostream>
 #include <string>
-#include <thread>
 #include <vector>
 
+#include "arena/main/KeptMemory.h"
 #include "arena/main/MatchServer.h"
-#include "arena/world/World.h"
-#include "tests/arena/link/WireClient.h"
+#include "arena/world/Scene.h"
+#include "arena/world/Servo.h"
+#include "bench/StubPlayers.h"
 
 namespace {
 
 using Clock = std::chrono::steady_clock;
+using Milliseconds = std::chrono::duration<double, std::milli>;
 
-constexpr int kPlayers = 6;
 /// A loopback address that nothing else listens on; players always call port 3100.
 constexpr const char* kPlayersAddress = "127.0.31.7";
 constexpr std::uint16_t kPlayersPort = 3100;
 
-std::string processor() {
-  std::ifstream info("/proc/cpuinfo");
-  for (std::string line; std::getline(info, line);) {
-    if (line.starts_with("model name")) return line.substr(line.find(':') + 2);
-  }
-  return "unknown processor";
-}
-
-/// When each cycle of a run began.
-using Ticks = std::vector<Clock::time_point>;
-
-Ticks bareSimulation(int cycles) {
-  arena::World world;
-  for (int slot = 0; slot < kPlayers; ++slot) world.addRobot(slot, {slot - 2.5, 1.0, 0});
-  Ticks ticks;
-  for (int i = 0; i <= cycles; ++i) {
-    ticks.push_back(Clock::now());
-    world.advance();
-  }
-  return ticks;
-}
-
-arena::ServerSettings sixAtFullSpeed(double seconds) {
+/// A match with COUNT players that lasts about SECONDS.
+arena::ServerSettings fullSpeed(int count, double seconds) {
   arena::ServerSettings settings;
   settings.pace.speed = 0;
-  settings.pace.playersToStart = kPlayers;
-  settings.match.referee.waitSeconds = 2;
-  settings.match.referee.halfSeconds = std::max(0.0, seconds - 3);
+  settings.pace.playersToStart = static_cast<std::size_t>(count);
+  settings.match.referee.waitSeconds = 1;
+  settings.match.referee.gameOverSeconds = 0.5;
+  settings.match.referee.halfSeconds = std::max(0.0, (seconds - 2.5) / 2);
   return settings;
 }
 
-/// Plays a match; the server asks whether to stop once in each cycle, which tells their times.
-Ticks play(arena::MatchServer& server, arena::Summary& summary) {
-  Ticks ticks;
-  std::size_t asked = 0;
-  summary = server.run(
+/// [ms] of processor time for a cycle of COUNT standing robots.
+struct Yardstick {
+  double engine = 0;  ///< the engine's steps alone
+  double world = 0;   ///< with what a World does about them
+};
+
+/// By turns, so that whatever else the machine does falls on both.
+Yardstick measureBare(int count, int cycles) {
+  constexpr int kTurn = 25;
+  const arena::Scene scene = arena::makeScene(count, {});
+  const arena::DataPtr data = arena::makeData(scene);
+  std::vector<arena::Servos> servos(static_cast<std::size_t>(count));
+  std::vector<arena::Servos*> all;
+  all.reserve(servos.size());
+  for (arena::Servos& one : servos) all.push_back(&one);
+  const int steps = static_cast<int>(std::lround(arena::kCycleSeconds / 0.004));
+  arena::World world;
+  for (int slot = 0; slot < count; ++slot) world.addRobot(slot, {slot - 6.0, -4, -90});
+  arena::CycleTimes::Span engine{};
+  arena::CycleTimes::Span ours{};
+  arena::CycleTimes::Span whole{};
+  arena::LapWatch watch;
+  for (int i = 0; i < cycles; ++i) {
+    if (i / kTurn % 2 == 0) {
+      for (int step = 0; step < steps; ++step) {
+        mj_step1(scene.model.get(), data.get());
+        watch.lap(engine);
+        arena::driveJoints(scene, *data, all);
+        watch.lap(ours);
+        mj_step2(scene.model.get(), data.get());
+        watch.lap(engine);
+      }
+    } else {
+      world.advance();
+      watch.lap(whole);
+    }
+  }
+  return {2 * Milliseconds(engine).count() / cycles, 2 * Milliseconds(whole).count() / cycles};
+}
+
+struct Outcome {
+  std::vector<double> cycleMs{};  ///< from one cycle's begin to the next
+  arena::PaceReport pace{};
+  arena::Summary summary{};
+};
+
+/// The server asks whether to stop once in each cycle, which tells when they begin.
+Outcome play(arena::MatchServer& server) {
+  Outcome outcome;
+  std::vector<Clock::time_point> asked;
+  outcome.summary = server.run(
       [&] {
-        if (++asked > 1) ticks.push_back(Clock::now());
+        asked.push_back(Clock::now());
         return false;
       },
       [](const std::string&) {});
+  outcome.pace = server.pace();
   // Until the players were there the questions were others.
-  const auto cycles = static_cast<std::size_t>(summary.seconds / arena::kCycleSeconds + 0.5);
-  if (ticks.size() > cycles) ticks.erase(ticks.begin(), ticks.end() - static_cast<long>(cycles));
-  return ticks;
-}
-
-std::string idleMessage() {
-  std::string text;
-  for (const arena::JointRow& row : arena::kJoints) {
-    if (row.effector != "he1") text += "(" + std::string(row.effector) + " 0)";
+  const auto cycles = std::min(asked.size(), static_cast<std::size_t>(outcome.pace.cycles));
+  for (std::size_t i = asked.size() - cycles + 1; i < asked.size(); ++i) {
+    outcome.cycleMs.push_back(Milliseconds(asked[i] - asked[i - 1]).count());
   }
-  return text;
+  std::sort(outcome.cycleMs.begin(), outcome.cycleMs.end());
+  return outcome;
 }
 
-Ticks trivialClients(double seconds, arena::Summary& summary) {
-  arena::ServerSettings settings = sixAtFullSpeed(seconds);
+Outcome stubs(int count, double seconds) {
+  arena::ServerSettings settings = fullSpeed(count, seconds);
   settings.link.port = 0;
   arena::MatchServer server(settings);
-  std::vector<std::thread> players;
-  for (int number = 1; number <= kPlayers; ++number) {
-    players.emplace_back([number, port = server.port()] {
-      const std::string idle = idleMessage();
-      arena::test::WireClient client(port);
-      client.say("(scene rsg/agent/nao/nao.rsg)(init (unum " + std::to_string(number) +
-                 ")(teamname Bench))");
-      try {
-        for (int i = 0; client.hear(); ++i) {
-          client.say(i < 40 ? idle + "(beam -3 " + std::to_string(number - 3) + " 0)" : idle);
-        }
-      } catch (const std::runtime_error&) {
-        // The match ended between a message and its answer.
-      }
-    });
-  }
-  Ticks ticks = play(server, summary);
-  for (std::thread& player : players) player.join();
-  return ticks;
+  const bench::StubPlayers players(server.port(), count);
+  return play(server);
 }
 
-/// Real players, in an empty folder: without motion scripts they stand.
+/// Real players, all of one team.
 class RealPlayers {
  public:
-  RealPlayers() {
+  explicit RealPlayers(int count) {
     const std::string host = std::string("--host=") + kPlayersAddress;
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-    for (int number = 1; number <= kPlayers; ++number) {
+    for (int player = 0; player < count; ++player) {
       std::string program = PITCH_BIN_DIR "/pitchagent";
       std::string address = host;
-      std::string shirt = "--unum=" + std::to_string(number);
+      std::string shirt = "--unum=" + std::to_string(player % 6 + 1);
       std::array<char*, 4> argv{program.data(), address.data(), shirt.data(), nullptr};
       pid_t process = -1;
       if (::posix_spawn(&process, argv[0], &actions, nullptr, argv.data(), environ) == 0) {
@@ -148,58 +155,77 @@ class RealPlayers {
   std::vector<pid_t> processes_{};
 };
 
-Ticks realPlayers(double seconds, arena::Summary& summary) {
-  arena::ServerSettings settings = sixAtFullSpeed(seconds);
+Outcome realPlayers(int count, double seconds) {
+  arena::ServerSettings settings = fullSpeed(count, seconds);
   settings.link.listen = kPlayersAddress;
   settings.link.port = kPlayersPort;
   arena::MatchServer server(settings);
-  const RealPlayers players;
-  return play(server, summary);
+  const RealPlayers players(count);
+  return play(server);
 }
 
-void print(const std::string& name, const Ticks& ticks, const std::string& remark) {
-  std::vector<double> times;
-  for (std::size_t i = 1; i < ticks.size(); ++i) {
-    times.push_back(std::chrono::duration<double, std::milli>(ticks[i] - ticks[i - 1]).count());
-  }
-  if (times.empty()) return;
-  double total = 0;
-  for (const double t : times) total += t;
-  const double factor = static_cast<double>(times.size()) * arena::kCycleSeconds * 1000 / total;
-  std::sort(times.begin(), times.end());
-  const auto percentile = [&](std::size_t p) { return times[(times.size() - 1) * p / 100]; };
-  std::cout << std::left << std::setw(22) << name << std::right << std::fixed
-            << std::setprecision(3) << std::setw(10) << percentile(50) << std::setw(10)
-            << percentile(99) << std::setw(10) << times.back() << std::setprecision(1)
-            << std::setw(18) << factor << "  " << remark << '\n';
-}
-
-std::string remarkOn(const arena::Summary& summary) {
+void printCase(const std::string& name, const Outcome& outcome, const Yardstick& bare) {
+  if (outcome.cycleMs.empty()) return;
+  const auto cycles = static_cast<double>(outcome.pace.cycles);
+  const auto percentile = [&](std::size_t p) {
+    return outcome.cycleMs[(outcome.cycleMs.size() - 1) * p / 100];
+  };
   int late = 0;
   int standing = 0;
-  for (const arena::PlayerSummary& player : summary.players) {
+  for (const arena::PlayerSummary& player : outcome.summary.players) {
     late += player.lateAnswers;
     standing += player.standing ? 1 : 0;
   }
-  return std::to_string(standing) + " stand, " + std::to_string(late) + " late answers";
+  std::cout << std::fixed << name << ": " << std::setprecision(2)
+            << cycles * arena::kCycleSeconds / outcome.pace.seconds
+            << " times real time; cycle p50 " << percentile(50) << " ms, p99 " << percentile(99)
+            << ", max " << outcome.cycleMs.back() << "; " << standing << " stand, " << late
+            << " late answers\n";
+
+  const arena::CycleTimes& work = outcome.pace.work;
+  const auto row = [&](const char* part, arena::CycleTimes::Span span) {
+    const double ms = Milliseconds(span).count() / cycles;
+    std::cout << "  " << std::left << std::setw(36) << part << std::right << std::setw(8)
+              << std::setprecision(3) << ms << " ms" << std::setw(8) << std::setprecision(1)
+              << 100 * ms / bare.engine << " %\n";
+  };
+  using Span = arena::CycleTimes::Span;
+  const auto total = [&](double ms) {
+    return std::chrono::duration_cast<Span>(Milliseconds(ms * cycles));
+  };
+  row("the engine's steps, standing robots", total(bare.engine));
+  row("servos and sensors about them", total(bare.world - bare.engine));
+  row("world in the match, both together", work.physics);
+  row("commands", work.commands);
+  row("referee", work.referee);
+  row("senses", work.senses);
+  row("link", work.link);
+  row("record and events", work.record);
+  row("the arena's own", total(bare.world - bare.engine) + work.total() - work.physics);
+}
+
+int run(double seconds) {
+  std::cout << bench::machineLine() << "\nprocessor time of the match's thread per cycle, and "
+            << "as a share of the engine's steps:\n";
+  const bool withReal = std::filesystem::exists(PITCH_BIN_DIR "/pitchagent");
+  for (const int count : {6, 12}) {
+    const auto cycles = static_cast<int>(seconds / arena::kCycleSeconds);
+    const Yardstick bare = measureBare(count, cycles);
+    const std::string number = count == 6 ? "six" : "twelve";
+    printCase(number + " stub players", stubs(count, seconds), bare);
+    if (withReal) printCase(number + " real players", realPlayers(count, seconds), bare);
+  }
+  return 0;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  const double seconds = std::max(3.0, argc > 1 ? std::atof(argv[1]) : 20);
-  std::cout << processor() << "; " << std::thread::hardware_concurrency() << " processors; "
-            << __VERSION__ << "; " << PITCH_BUILD_FLAGS << "; commit " << PITCH_COMMIT << '\n'
-            << std::left << std::setw(22) << "" << std::right << std::setw(10) << "p50 ms"
-            << std::setw(10) << "p99 ms" << std::setw(10) << "max ms" << std::setw(18)
-            << "times real time" << '\n';
-  print("bare simulation", bareSimulation(static_cast<int>(seconds / arena::kCycleSeconds)), "");
-  arena::Summary summary;
-  const Ticks trivial = trivialClients(seconds, summary);
-  print("six idle clients", trivial, remarkOn(summary));
-  if (std::filesystem::exists(PITCH_BIN_DIR "/pitchagent")) {
-    const Ticks real = realPlayers(seconds, summary);
-    print("six real players", real, remarkOn(summary));
+  try {
+    arena::keepFreedMemory();
+    return run(std::max(3.0, argc > 1 ? std::atof(argv[1]) : 20));
+  } catch (const std::exception& error) {
+    std::cerr << "arena: " << error.what() << '\n';
+    return 1;
   }
-  return 0;
 }

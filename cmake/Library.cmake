@@ -24,18 +24,22 @@ function(pitch_program name)
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 endfunction()
 
-# pitch_test(name LABEL unit|process|match|slow SOURCES ... LINK ... [TIMEOUT seconds])
+# pitch_test(name LABEL unit|process|match|browser|slow SOURCES ... LINK ... [TIMEOUT seconds]
+#            [PROCESSORS n])
 # A GoogleTest program; ctest runs each of its tests in a process of its own, so the player's
 # singletons never leak from one test into the next.
 function(pitch_test name)
-  cmake_parse_arguments(ARG "" "LABEL;TIMEOUT" "SOURCES;LINK" ${ARGN})
+  cmake_parse_arguments(ARG "" "LABEL;TIMEOUT;PROCESSORS" "SOURCES;LINK" ${ARGN})
   if(NOT ARG_TIMEOUT)
     set(ARG_TIMEOUT 60)
+  endif()
+  if(NOT ARG_PROCESSORS)
+    set(ARG_PROCESSORS 1)
   endif()
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE pitch_options ${ARG_LINK} GTest::gmock GTest::gtest_main)
   target_compile_definitions(${name} PRIVATE
     PITCH_SOURCE_DIR="${CMAKE_SOURCE_DIR}" PITCH_BIN_DIR="${CMAKE_BINARY_DIR}/bin")
   gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60
-    PROPERTIES LABELS ${ARG_LABEL} TIMEOUT ${ARG_TIMEOUT})
+    PROPERTIES LABELS ${ARG_LABEL} TIMEOUT ${ARG_TIMEOUT} PROCESSORS ${ARG_PROCESSORS})
 endfunction()

@@ -53,14 +53,14 @@ bool readScene(const Parts& parts, Commands& commands) {
 bool readInit(const Parts& parts, Commands& commands) {
   std::optional<int> shirt;
   std::optional<std::string> team;
+  Parts pair;
   for (std::size_t i = 1; i < parts.size(); ++i) {
     if (!isList(parts[i])) return false;
-    const auto pair = splitLevel(insideOf(parts[i]));
-    if (!pair || pair->size() != 2) return false;
-    const std::string_view value = (*pair)[1];
-    if ((*pair)[0] == "unum") {
+    if (!splitLevel(insideOf(parts[i]), pair) || pair.size() != 2) return false;
+    const std::string_view value = pair[1];
+    if (pair[0] == "unum") {
       shirt = wholeNumber(value);
-    } else if ((*pair)[0] == "teamname" && isPlainWord(value, kMaxTeamNameBytes)) {
+    } else if (pair[0] == "teamname" && isPlainWord(value, kMaxTeamNameBytes)) {
       team = value;
     }
   }
@@ -94,25 +94,26 @@ bool readJoint(const Parts& parts, Commands& commands) {
   return true;
 }
 
-bool readEffector(std::string_view part, Commands& commands) {
-  if (!isList(part)) return false;
-  const auto parts = splitLevel(insideOf(part));
-  if (!parts || parts->empty()) return false;
-  const std::string_view name = parts->front();
-  if (name == "scene") return readScene(*parts, commands);
-  if (name == "init") return readInit(*parts, commands);
-  if (name == "beam") return readBeam(*parts, commands);
-  if (name == "say") return readSay(*parts, commands);
-  return readJoint(*parts, commands);
+/// PARTS is room for the effector's own.
+bool readEffector(std::string_view effector, Parts& parts, Commands& commands) {
+  if (!isList(effector)) return false;
+  if (!splitLevel(insideOf(effector), parts) || parts.empty()) return false;
+  const std::string_view name = parts.front();
+  if (name == "scene") return readScene(parts, commands);
+  if (name == "init") return readInit(parts, commands);
+  if (name == "beam") return readBeam(parts, commands);
+  if (name == "say") return readSay(parts, commands);
+  return readJoint(parts, commands);
 }
 
 }  // namespace
 
 bool readEffectors(std::string_view frame, Commands& commands) {
-  const auto parts = splitLevel(frame);
-  if (!parts) return false;
-  for (const std::string_view part : *parts) {
-    if (!readEffector(part, commands)) ++commands.malformed;
+  Parts effectors;
+  if (!splitLevel(frame, effectors)) return false;
+  Parts parts;
+  for (const std::string_view effector : effectors) {
+    if (!readEffector(effector, parts, commands)) ++commands.malformed;
   }
   ++commands.frames;
   return true;

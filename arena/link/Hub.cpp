@@ -20,8 +20,9 @@ using boost::system::error_code;
 /// Between two tries when the system has no descriptor left for a new session.
 constexpr std::chrono::milliseconds kAcceptPause{100};
 
-/// Bounds what is still handled behind a deadline: some reads for each of the sessions.
-constexpr int kHandlersPastDeadline = 1000;
+/// For what has come in already when a deadline passes. The answers of twelve players take a tenth
+/// of it; a crowd that keeps connecting must not make it longer.
+constexpr std::chrono::milliseconds kPastDeadline{2};
 
 std::string inWords(std::chrono::milliseconds span) {
   const auto count = span.count();
@@ -81,7 +82,8 @@ struct Hub::Impl {
       while (!passed) io.run_one();
     }
     // A deadline that lies behind us must not keep from being read what has come in already.
-    for (int i = 0; i < kHandlersPastDeadline && io.poll_one() > 0; ++i) continue;
+    const Clock::time_point end = Clock::now() + kPastDeadline;
+    while (io.poll_one() > 0 && Clock::now() < end) continue;
   }
 
   [[nodiscard]] bool allAnswered() const {

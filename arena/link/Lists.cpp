@@ -5,16 +5,14 @@
 namespace arena {
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r\n";
-
 bool isBlank(char c) {
-  return kBlanks.find(c) != std::string_view::npos;
+  return c == ' ' || c == '\t' || c == '\r' || c == '\n';
 }
 
 }  // namespace
 
-std::optional<std::vector<std::string_view>> splitLevel(std::string_view text) {
-  std::vector<std::string_view> parts;
+bool splitLevel(std::string_view text, std::vector<std::string_view>& parts) {
+  parts.clear();
   std::size_t depth = 0;
   std::size_t begin = 0;  // of the part that is being read
   bool inWord = false;
@@ -28,7 +26,7 @@ std::optional<std::vector<std::string_view>> splitLevel(std::string_view text) {
       if (depth == 0) begin = i;
       ++depth;
     } else if (c == ')') {
-      if (depth == 0) return std::nullopt;
+      if (depth == 0) return false;
       --depth;
       if (depth == 0) parts.push_back(text.substr(begin, i - begin + 1));
     } else if (depth == 0 && !inWord && !isBlank(c)) {
@@ -36,9 +34,9 @@ std::optional<std::vector<std::string_view>> splitLevel(std::string_view text) {
       inWord = true;
     }
   }
-  if (depth != 0) return std::nullopt;
+  if (depth != 0) return false;
   if (inWord) parts.push_back(text.substr(begin));
-  return parts;
+  return true;
 }
 
 std::string_view insideOf(std::string_view list) {

@@ -6,17 +6,19 @@
 #include <utility>
 #include <variant>
 
+#include "arena/main/Beams.h"
+#include "arena/main/Commentary.h"
 #include "arena/main/Places.h"
+#include "arena/main/Room.h"
 #include "arena/model/FieldTable.h"
+#include "arena/record/Attitude.h"
+#include "arena/record/Recordable.h"
 
 namespace arena {
 namespace {
 
-static_assert(kRefereeCycleSeconds == kCycleSeconds, "referee and world count the same cycles");
-
-/// [m] between two robots' torsos. Closer, a beam would put one into the other and the contact
-/// would throw both; the start places of two teams that play themselves are 0.32 m apart.
-constexpr double kRobotClearance = 0.25;
+static_assert(kRefereeCycleSeconds == kCycleSeconds && kRecordCycleSeconds == kCycleSeconds,
+              "referee, records and world count the same cycles");
 
 std::string described(const TeamPlace& place) {
   char text[128];
@@ -50,8 +52,8 @@ double Match::now() const {
 
 std::string Match::nameOf(SessionId id) const {
   const auto entry = players_.find(id);
-  if (entry != players_.end() && entry->second.record.shirt) return entry->second.record.name;
-  return "session " + std::to_string(id);
+  if (entry == players_.end() || !entry->second.shirt) return "session " + std::to_string(id);
+  return arena::nameOf(*entry->second.shirt);
 }
 
 std::vector<Event> Match::release(const std::vector<Lost>& lost) {
@@ -60,53 +62,61 @@ std::vector<Event> Match::release(const std::vector<Lost>& lost) {
     events.push_back({now(), nameOf(id) + " dropped: " + why});
     leave(id, why);
   }
+  releaseEvents_.insert(releaseEvents_.end(), events.begin(), events.end());
   return events;
 }
 
 MatchCycle Match::advance(const std::vector<Received>& received) {
   MatchCycle out;
+  LapWatch watch;
   if (cycle_ == 0) {
     out.events.push_back({now(), "play mode " + std::string(arena::nameOf(referee_.mode()))});
   }
   // An answer counts for the message before it, in whatever cycle it comes.
   for (const Received& one : received) players_[one.id].awaitingAnswer = false;
   for (auto& [id, player] : players_) {
-    if (player.awaitingAnswer) ++player.record.lateAnswers;
+    player.notes.lateAnswer = player.awaitingAnswer;
   }
 
   for (const Received& one : received) act(one, out);
+  obeyBeams(out);
+  for (const Received& one : received) driveJoints(one);
+  watch.lap(out.times.commands);
 
   ++cycle_;
   world_.advance();
+  watch.lap(out.times.physics);
   rule(out);
   watchPostures(out);
+  watch.lap(out.times.referee);
 
   const Snapshot shot = snapshot(received);
+  const Perception perception(shot, senses_);
   std::size_t viewer = 0;
   for (auto& [id, player] : players_) {
     if (!player.slot) continue;
-    out.messages.push_back({id, perceive(shot, viewer++, senses_)});
+    out.messages.push_back({id, perception.messageTo(viewer++)});
     player.awaitingAnswer = true;
   }
+  watch.lap(out.times.senses);
+
+  out.record = takeRecord(shot, out.events);
+  statistics_.add(out.record);
+  watch.lap(out.times.record);
   return out;
 }
 
 void Match::act(const Received& received, MatchCycle& out) {
   const auto& [id, commands] = received;
   Player& player = players_[id];
-  player.record.malformed += commands.malformed;
+  player.notes.malformed += commands.malformed;
 
   std::optional<Refusal> refusal = giveBody(player, commands.scenes);
   if (!player.slot) {
-    player.record.malformed += bodyEffectors(commands);
+    player.notes.malformed += bodyEffectors(commands);
   } else {
     if (commands.init) refusal = giveShirt(id, player, *commands.init, out);
-    if (commands.beam && !refusal) beam(player, *commands.beam, out);
-    for (std::size_t joint = 0; joint < kJointCount; ++joint) {
-      if (const auto speed = commands.jointSpeeds[joint]) {
-        world_.setJointSpeed(*player.slot, static_cast<int>(joint), *speed);
-      }
-    }
+    if (commands.beam && !refusal) wishBeam(player, *commands.beam);
   }
   if (refusal) {
     out.events.push_back({now(), nameOf(id) + " refused: " + refusal->why});
@@ -118,7 +128,7 @@ void Match::act(const Received& received, MatchCycle& out) {
 std::optional<Refusal> Match::giveBody(Player& player, int requests) {
   if (requests == 0) return std::nullopt;
   if (player.slot) {
-    player.record.malformed += requests;
+    player.notes.malformed += requests;
     return std::nullopt;
   }
   const auto free = std::find(slotTaken_.begin(), slotTaken_.end(), false);
@@ -129,83 +139,130 @@ std::optional<Refusal> Match::giveBody(Player& player, int requests) {
   world_.addRobot(slot, touchlinePose(slot));
   *free = true;
   player.slot = slot;
-  player.record.bodySince = now();
-  player.record.malformed += requests - 1;
+  player.notes.malformed += requests - 1;
   return std::nullopt;
 }
 
 std::optional<Refusal> Match::giveShirt(SessionId id, Player& player, const InitRequest& request,
                                         MatchCycle& out) {
-  if (player.record.shirt) {
-    ++player.record.malformed;
+  if (player.shirt) {
+    ++player.notes.malformed;
     return std::nullopt;
   }
   const auto answer = roster_.join(request.team, request.number);
   if (const auto* refusal = std::get_if<Refusal>(&answer)) return *refusal;
-  const Shirt shirt = std::get<Shirt>(answer);
-  player.record.shirt = shirt;
-  player.record.team = request.team;
-  player.record.name = std::string(arena::nameOf(shirt.side)) + " " + std::to_string(shirt.number);
+  player.shirt = std::get<Shirt>(answer);
   out.events.push_back({now(), nameOf(id) + " connected, team " + request.team});
   return std::nullopt;
 }
 
-void Match::beam(Player& player, const BeamRequest& request, MatchCycle& out) {
-  const auto& shirt = player.record.shirt;
-  const Pose pose = shirt ? beamPose(shirt->side, request) : Pose{};
-  if (!shirt || !referee_.beamsAllowed() || !isNearField(pose) || !isFree(pose, *player.slot)) {
-    ++player.record.ignoredBeams;
-    return;
+void Match::driveJoints(const Received& received) {
+  const auto entry = players_.find(received.id);
+  if (entry == players_.end() || !entry->second.slot) return;
+  for (std::size_t joint = 0; joint < kJointCount; ++joint) {
+    if (const auto speed = received.commands.jointSpeeds[joint]) {
+      world_.setJointSpeed(*entry->second.slot, static_cast<int>(joint), *speed);
+    }
   }
-  world_.beam(*player.slot, pose);
-  player.posture.setUpright();
-  ++player.record.beams;
-
-  const TeamPlace place = placeInTeamFrame(shirt->side, pose);
-  // Players repeat their beam in every cycle of the waiting time: only a new place is news.
-  if (!player.record.lastBeam || !samePlace(*player.record.lastBeam, place)) {
-    out.events.push_back({now(), player.record.name + " beamed to " + described(place)});
-  }
-  player.record.lastBeam = place;
 }
 
-bool Match::isFree(const Pose& pose, int slot) const {
-  return std::none_of(players_.begin(), players_.end(), [&](const auto& entry) {
-    const auto& other = entry.second.slot;
-    if (!other || *other == slot) return false;
-    const Vec3 place = world_.robot(*other).torso.position;
-    return std::hypot(place[0] - pose.x, place[1] - pose.y) < kRobotClearance;
-  });
+void Match::wishBeam(Player& player, const BeamRequest& request) const {
+  const auto& shirt = player.shirt;
+  const Pose pose = shirt ? beamPose(shirt->side, request) : Pose{};
+  if (shirt && referee_.beamsAllowed() && isNearField(pose)) {
+    player.beamWish = pose;
+  } else {
+    ++player.notes.ignoredBeams;
+  }
+}
+
+void Match::obeyBeams(MatchCycle& out) {
+  std::vector<Player*> present;
+  std::vector<BeamWish> robots;
+  for (auto& [id, player] : players_) {
+    if (!player.slot) continue;
+    present.push_back(&player);
+    robots.push_back({poseOf(world_.robot(*player.slot)), player.beamWish});
+    player.beamWish.reset();
+  }
+  const std::vector<bool> obeyed = obeyedBeams(robots);
+  for (std::size_t i = 0; i < robots.size(); ++i) {
+    if (obeyed[i]) {
+      beam(*present[i], *robots[i].wish, out);
+    } else if (robots[i].wish) {
+      ++present[i]->notes.ignoredBeams;
+    }
+  }
+}
+
+void Match::beam(Player& player, const Pose& pose, MatchCycle& out) {
+  world_.beam(*player.slot, pose);
+  player.posture.setUpright();
+  player.notes.beam = pose;
+
+  const TeamPlace place = placeInTeamFrame(player.shirt->side, pose);
+  // Players repeat their beam in every cycle of the waiting time: only a new place is news.
+  if (!player.lastBeam || !samePlace(*player.lastBeam, place)) {
+    out.events.push_back({now(), arena::nameOf(*player.shirt) + " beamed to " + described(place)});
+  }
+  player.lastBeam = place;
 }
 
 void Match::leave(SessionId id, const std::string& why) {
+  left_.push_back({id, why});
   const auto entry = players_.find(id);
-  if (entry == players_.end() || !entry->second.slot) {
-    ++sessionsWithoutBody_;
-  } else {
-    Player& player = entry->second;
-    PlayerSummary record = finalRecord(id, player);
-    record.leftAt = now();
-    record.whyLeft = why;
-    gone_.push_back(std::move(record));
+  if (entry == players_.end()) return;
+  const Player& player = entry->second;
+  if (player.slot) {
     world_.removeRobot(*player.slot);
     slotTaken_[static_cast<std::size_t>(*player.slot)] = false;
-    if (player.record.shirt) roster_.release(*player.record.shirt);
   }
-  if (entry != players_.end()) players_.erase(entry);
+  if (player.shirt) roster_.release(*player.shirt);
+  players_.erase(entry);
 }
 
 void Match::rule(MatchCycle& out) {
-  FieldView view{world_.ball().position, {}};
-  for (const auto& [id, player] : players_) {
-    if (!player.slot || !player.record.shirt) continue;
-    view.players.push_back({player.record.shirt->side, world_.robot(*player.slot).torso.position,
-                            world_.touchedBall(*player.slot)});
+  const Ruling ruling = referee_.observe(fieldView());
+  obey(ruling);
+  if (ruling.incident) {
+    const Scoreboard board{{roster_.teamName(Side::kLeft), roster_.teamName(Side::kRight)},
+                           referee_.score()};
+    out.events.push_back({now(), words(*ruling.incident, board)});
   }
-  const Ruling ruling = referee_.observe(view);
-  if (ruling.placeBallAt) world_.setBall(*ruling.placeBallAt);
   if (ruling.newMode) {
     out.events.push_back({now(), "play mode " + std::string(arena::nameOf(*ruling.newMode))});
+  }
+}
+
+FieldView Match::fieldView() const {
+  FieldView view{world_.ball().position, {}};
+  for (const auto& [id, player] : players_) {
+    if (!player.slot || !player.shirt) continue;
+    view.players.push_back({*player.shirt, world_.robot(*player.slot).torso.position,
+                            world_.touchedBall(*player.slot)});
+  }
+  return view;
+}
+
+void Match::obey(const Ruling& ruling) {
+  if (ruling.placeBallAt) world_.setBall(*ruling.placeBallAt);
+  if (!ruling.placeBallAt && !ruling.freeSpace) return;
+
+  std::vector<Occupant> robots;
+  std::vector<Occupant> players;  // those with a side to be told by
+  for (const auto& [id, player] : players_) {
+    if (!player.slot) continue;
+    const auto& shirt = player.shirt;
+    robots.push_back({*player.slot, shirt ? shirt->side : Side::kLeft});
+    if (shirt) players.push_back(robots.back());
+  }
+  std::vector<int> moved;
+  if (ruling.freeSpace) moved = leaveFreeSpace(world_, *ruling.freeSpace, players);
+  if (ruling.placeBallAt) {
+    for (const int slot : leaveBall(world_, robots)) moved.push_back(slot);
+  }
+  for (auto& [id, player] : players_) {
+    player.notes.moved = player.slot && std::count(moved.begin(), moved.end(), *player.slot) > 0;
   }
 }
 
@@ -216,11 +273,11 @@ void Match::watchPostures(MatchCycle& out) {
       case PostureChange::kNone:
         break;
       case PostureChange::kFell:
-        ++player.record.falls;
+        player.notes.fell = true;
         out.events.push_back({now(), nameOf(id) + " fell"});
         break;
       case PostureChange::kGotUp:
-        ++player.record.getUps;
+        player.notes.gotUp = true;
         out.events.push_back({now(), nameOf(id) + " got up"});
         break;
     }
@@ -242,39 +299,43 @@ Snapshot Match::snapshot(const std::vector<Received>& received) const {
     if (words != received.end() && words->commands.say) {
       shot.said.push_back({shot.actors.size(), *words->commands.say});
     }
-    shot.actors.push_back({world_.robot(*player.slot), player.record.shirt, *player.slot});
+    shot.actors.push_back({world_.robot(*player.slot), player.shirt, *player.slot});
   }
   return shot;
 }
 
-PlayerSummary Match::finalRecord(SessionId id, const Player& player) const {
-  PlayerSummary record = player.record;
-  record.name = nameOf(id);
-  const Pose pose = poseOf(world_.robot(*player.slot));
-  record.lastPlace = placeInTeamFrame(record.shirt ? record.shirt->side : Side::kLeft, pose);
-  record.standing = player.posture.standing();
-  return record;
-}
-
-Summary Match::summary() const {
-  Summary summary;
-  summary.seconds = now();
-  summary.clock = referee_.clock();
-  summary.mode = referee_.mode();
-  summary.finished = finished();
-  summary.sessionsWithoutBody = sessionsWithoutBody_;
-  summary.players = gone_;
-  for (const auto& [id, player] : players_) {
-    if (player.slot) summary.players.push_back(finalRecord(id, player));
+CycleRecord Match::takeRecord(const Snapshot& shot, const std::vector<Event>& events) {
+  CycleRecord record;
+  record.cycle = cycle_;
+  record.clock = referee_.clock();
+  record.half = referee_.half();
+  record.mode = referee_.mode();
+  record.score = referee_.score();
+  record.droppedBalls = referee_.droppedBalls();
+  record.finished = finished();
+  record.teamNames = shot.teamNames;
+  record.ball = shot.ball.position;
+  record.ballVelocity = shot.ball.velocity;
+  for (auto& [id, player] : players_) {
+    if (!player.slot) continue;
+    const RobotState& body = shot.actors[record.players.size()].body;
+    PlayerRecord one = std::exchange(player.notes, {});
+    one.session = id;
+    one.slot = *player.slot;
+    one.shirt = player.shirt;
+    one.position = body.torso.position;
+    one.attitude = attitudeOf(body.torso.axes);
+    one.jointDeg = body.jointAngleDeg;
+    one.standing = player.posture.standing();
+    one.touchedBall = world_.touchedBall(*player.slot);
+    record.players.push_back(std::move(one));
   }
-  std::stable_sort(summary.players.begin(), summary.players.end(),
-                   [](const PlayerSummary& a, const PlayerSummary& b) {
-                     if (a.shirt.has_value() != b.shirt.has_value()) return a.shirt.has_value();
-                     if (!a.shirt) return false;
-                     return std::pair(a.shirt->side, a.shirt->number) <
-                            std::pair(b.shirt->side, b.shirt->number);
-                   });
-  return summary;
+  for (const auto& [speaker, text] : shot.said) record.players[speaker].said = text;
+  record.left = std::exchange(left_, {});
+  record.events = std::exchange(releaseEvents_, {});
+  record.events.insert(record.events.end(), events.begin(), events.end());
+  record.clockSlips = std::exchange(clockSlips_, 0);
+  return recordable(std::move(record));
 }
 
 }  // namespace arena

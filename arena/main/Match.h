@@ -15,9 +15,11 @@
 #include <vector>
 
 #include "arena/link/Intake.h"
-#include "arena/main/Event.h"
+#include "arena/main/CycleTimes.h"
 #include "arena/main/Posture.h"
+#include "arena/main/Statistics.h"
 #include "arena/main/Summary.h"
+#include "arena/record/CycleRecord.h"
 #include "arena/referee/Referee.h"
 #include "arena/referee/Roster.h"
 #include "arena/senses/Perception.h"
@@ -41,29 +43,44 @@ struct MatchCycle {
   std::vector<Message> messages{};   ///< one per player with a body, in order of session
   std::vector<SessionId> refused{};  ///< sessions that are to be closed
   std::vector<Event> events{};
+  CycleRecord record{};  ///< all of this for statistics, files and viewers, recordable
+  CycleTimes times{};    ///< what each part of it took
 };
 
 class Match {
  public:
   explicit Match(const MatchSettings& settings);
 
-  /// Sessions that have gone: their robots leave the field.
+  /// See World; before the first cycle.
+  void prepareModels(int most) { world_.prepareModels(most); }
+
+  /// Sessions that have gone: their robots leave the field. The next cycle's record has it.
   std::vector<Event> release(const std::vector<Lost>& lost);
+  /// Real time was given up; for the next cycle's record.
+  void noteClockSlips(int slips) { clockSlips_ += slips; }
+  /// A hand from outside puts the ball somewhere, rolling or flying: for trials and tests. The
+  /// rules take it for the work of whoever touched it last. Throws std::invalid_argument if not
+  /// finite.
+  void putBall(const Vec3& position, const Vec3& velocity) { world_.setBall(position, velocity); }
   /// One cycle.
   MatchCycle advance(const std::vector<Received>& received);
 
   [[nodiscard]] bool finished() const { return referee_.finished(); }
   /// [s] simulated since the start.
   [[nodiscard]] double now() const;
-  [[nodiscard]] Summary summary() const;
+  /// Of the cycles so far.
+  [[nodiscard]] Summary summary() const { return statistics_.summary(); }
 
  private:
   /// One session's part in the match.
   struct Player {
-    std::optional<int> slot{};  ///< in the world; empty until it has asked for a body
+    std::optional<int> slot{};     ///< in the world; empty until it has asked for a body
+    std::optional<Shirt> shirt{};  ///< empty until it has said `init`
     bool awaitingAnswer = false;
+    std::optional<Pose> beamWish{};       ///< of this cycle, until it is obeyed or not
+    std::optional<TeamPlace> lastBeam{};  ///< the last one obeyed
     Posture posture{};
-    PlayerSummary record{};
+    PlayerRecord notes{};  ///< what the next record says about it; its body comes last
   };
 
   [[nodiscard]] std::string nameOf(SessionId id) const;
@@ -71,13 +88,17 @@ class Match {
   std::optional<Refusal> giveBody(Player& player, int requests);
   std::optional<Refusal> giveShirt(SessionId id, Player& player, const InitRequest& request,
                                    MatchCycle& out);
-  void beam(Player& player, const BeamRequest& request, MatchCycle& out);
-  [[nodiscard]] bool isFree(const Pose& pose, int slot) const;
+  void driveJoints(const Received& received);
+  void wishBeam(Player& player, const BeamRequest& request) const;
+  void obeyBeams(MatchCycle& out);
+  void beam(Player& player, const Pose& pose, MatchCycle& out);
   void leave(SessionId id, const std::string& why);
   void rule(MatchCycle& out);
+  [[nodiscard]] FieldView fieldView() const;
+  void obey(const Ruling& ruling);
   void watchPostures(MatchCycle& out);
   [[nodiscard]] Snapshot snapshot(const std::vector<Received>& received) const;
-  [[nodiscard]] PlayerSummary finalRecord(SessionId id, const Player& player) const;
+  CycleRecord takeRecord(const Snapshot& shot, const std::vector<Event>& events);
 
   SenseSettings senses_;
   World world_;
@@ -85,9 +106,12 @@ class Match {
   Roster roster_{};
   std::map<SessionId, Player> players_{};
   std::array<bool, kMaxRobots> slotTaken_{};
-  std::vector<PlayerSummary> gone_{};
-  int sessionsWithoutBody_ = 0;
   long cycle_ = 0;
+  Statistics statistics_{};
+  // For the next record:
+  std::vector<LeftRecord> left_{};
+  std::vector<Event> releaseEvents_{};
+  int clockSlips_ = 0;
 };
 
 }  // namespace arena

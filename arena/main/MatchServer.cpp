@@ -1,6 +1,7 @@
 #include "arena/main/MatchServer.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace arena {
 namespace {
@@ -13,21 +14,28 @@ constexpr std::chrono::milliseconds kFarewell{500};
 }  // namespace
 
 MatchServer::MatchServer(const ServerSettings& settings)
-    : pace_(settings.pace), hub_(settings.link), match_(settings.match) {}
+    : pace_(settings.pace), hub_(settings.link), match_(settings.match) {
+  // In real time players may come and go without a cycle being late for it.
+  match_.prepareModels(pace_.speed > 0 ? kMaxRobots : static_cast<int>(pace_.playersToStart));
+}
 
 Summary MatchServer::run(const std::function<bool()>& shouldStop,
-                         const std::function<void(const std::string&)>& say) {
+                         const std::function<void(const std::string&)>& say,
+                         const std::function<void(CycleRecord&)>& onCycle) {
   bool goesOn = waitForPlayers(shouldStop, say);
-  nextCycle_ = Clock::now();
+  const Clock::time_point start = Clock::now();
+  if (pace_.speed > 0) clock_.emplace(pace_.speed, start);
+  report_.realTime = clock_.has_value();
   while (goesOn && !match_.finished()) {
+    LapWatch watch;
     goesOn = waitForCycle(shouldStop);
-    if (goesOn) playCycle(say);
+    watch.lap(report_.work.link);
+    if (goesOn) playCycle(say, onCycle);
   }
+  report_.seconds = std::chrono::duration<double>(Clock::now() - start).count();
   say(lineOf({match_.now(), match_.finished() ? "the match is over" : "stopped"}));
-  Summary summary = match_.summary();
-  summary.clockSlips = clockSlips_;
   hub_.finish(Clock::now() + kFarewell);
-  return summary;
+  return match_.summary();
 }
 
 bool MatchServer::waitForPlayers(const std::function<bool()>& shouldStop,
@@ -41,30 +49,43 @@ bool MatchServer::waitForPlayers(const std::function<bool()>& shouldStop,
 }
 
 bool MatchServer::waitForCycle(const std::function<bool()>& shouldStop) {
-  if (pace_.speed == 0) {
-    hub_.serveUntilAnswered(pace_.settle, Clock::now() + pace_.patience);
+  if (!clock_) {
+    due_ = Clock::now();
+    hub_.serveUntilAnswered(pace_.settle, due_ + pace_.patience);
     return !shouldStop();
   }
-  const auto period = std::chrono::duration_cast<Clock::duration>(
-      std::chrono::duration<double>(kCycleSeconds / pace_.speed));
-  nextCycle_ += period;
-  if (Clock::now() > nextCycle_ + kMostCyclesBehind * period) {
-    nextCycle_ = Clock::now();
-    ++clockSlips_;
-  }
+  due_ = clock_->next(Clock::now());
   while (!shouldStop()) {
-    hub_.serveUntil(std::min(nextCycle_, Clock::now() + kStopCheck));
-    if (Clock::now() >= nextCycle_) return true;
+    hub_.serveUntil(std::min(due_, Clock::now() + kStopCheck));
+    if (Clock::now() >= due_) return true;
   }
   return false;
 }
 
-void MatchServer::playCycle(const std::function<void(const std::string&)>& say) {
+void MatchServer::playCycle(const std::function<void(const std::string&)>& say,
+                            const std::function<void(CycleRecord&)>& onCycle) {
+  LapWatch watch;
+  CycleTimes::Span work{};
   for (const Event& event : match_.release(hub_.takeLost())) say(lineOf(event));
-  const MatchCycle cycle = match_.advance(hub_.takeCommands());
+  if (clock_) match_.noteClockSlips(clock_->slips() - std::exchange(slipsNoted_, clock_->slips()));
+  MatchCycle cycle = match_.advance(hub_.takeCommands());
   for (const SessionId id : cycle.refused) hub_.close(id);
   for (const auto& [to, text] : cycle.messages) hub_.send(to, text);
+  watch.lap(work);
+  account(cycle.times, work);
+
   for (const Event& event : cycle.events) say(lineOf(event));
+  if (onCycle) onCycle(cycle.record);
+  handedOn_ = {};
+  watch.lap(handedOn_);
+  report_.work.record += handedOn_;
+}
+
+void MatchServer::account(const CycleTimes& ofMatch, CycleTimes::Span work) {
+  ++report_.cycles;
+  report_.work += ofMatch;
+  report_.work.link += work - ofMatch.total();
+  if (clock_) report_.add(Clock::now() - due_, handedOn_ + work, clock_->period());
 }
 
 }  // namespace arena

@@ -5,22 +5,22 @@
 ///
 /// When a cycle begins:
 ///   speed above 0   at every 0.02 s / speed of real time. After a hold-up the cycles that were
-///                   missed follow at once; one longer than kMostCyclesBehind is given up, and
-///                   counted.
+///                   missed follow at once, and a long one is given up (CycleClock).
 ///   speed 0         when every player has answered its last message and nothing more has come
 ///                   for a moment (settle), or when patience is at an end.
 /// The pace decides only which cycle a command falls into, never what a cycle makes of it.
 
 #include <chrono>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "arena/link/Hub.h"
+#include "arena/main/CycleClock.h"
 #include "arena/main/Match.h"
+#include "arena/main/PaceReport.h"
 
 namespace arena {
-
-inline constexpr long kMostCyclesBehind = 5;
 
 struct PaceSettings {
   double speed = 1;                            ///< times real time; 0: as fast as players answer
@@ -37,15 +37,21 @@ struct ServerSettings {
 
 class MatchServer {
  public:
-  /// Listens. Throws LinkError when that fails.
+  /// Listens, and makes ready what would take longer than a cycle. Throws LinkError when it can't
+  /// listen.
   explicit MatchServer(const ServerSettings& settings);
 
   [[nodiscard]] std::uint16_t port() const { return hub_.port(); }
 
   /// Plays until the match is over or SHOULD_STOP says so (asked at least every 50 ms), then ends
-  /// all sessions. SAY gets one line, without a line feed, for everything that happens.
+  /// all sessions. SAY gets one line, without a line feed, for everything that happens. ONCYCLE
+  /// gets the record of every cycle, once its messages are on their way; it must return at once.
   Summary run(const std::function<bool()>& shouldStop,
-              const std::function<void(const std::string&)>& say);
+              const std::function<void(const std::string&)>& say,
+              const std::function<void(CycleRecord&)>& onCycle = {});
+
+  /// Of the cycles so far.
+  [[nodiscard]] const PaceReport& pace() const { return report_; }
 
  private:
   using Clock = Hub::Clock;
@@ -53,13 +59,18 @@ class MatchServer {
   [[nodiscard]] bool waitForPlayers(const std::function<bool()>& shouldStop,
                                     const std::function<void(const std::string&)>& say);
   [[nodiscard]] bool waitForCycle(const std::function<bool()>& shouldStop);
-  void playCycle(const std::function<void(const std::string&)>& say);
+  void playCycle(const std::function<void(const std::string&)>& say,
+                 const std::function<void(CycleRecord&)>& onCycle);
+  void account(const CycleTimes& ofMatch, CycleTimes::Span work);
 
   PaceSettings pace_;
   Hub hub_;
   Match match_;
-  Clock::time_point nextCycle_{};
-  int clockSlips_ = 0;
+  std::optional<CycleClock> clock_{};  ///< from the first cycle on; none at speed 0
+  Clock::time_point due_{};            ///< when the cycle at hand was to begin
+  int slipsNoted_ = 0;                 ///< of the clock's, in the match's records
+  CycleTimes::Span handedOn_{};        ///< what came behind the last cycle's messages
+  PaceReport report_{};
 };
 
 }  // namespace arena

@@ -4,6 +4,9 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <string>
+
+#include "viewer/server/Viewer.h"
 
 namespace arena {
 namespace {
@@ -45,6 +48,14 @@ CLI::Validator zeroOrAtLeast(double lowest) {
       "", "zeroOrAtLeast");
 }
 
+/// The page is on this machine's loopback whatever the players' link listens on.
+void addViewPort(CLI::App& app, ViewOptions& view) {
+  app.add_option("--view-port", view.port,
+                 "port of the page to watch on; 0: any free one; not given: " +
+                     std::to_string(view::kUsualViewPort) + ", or any if that is taken")
+      ->check(CLI::Range(0, 65535));
+}
+
 std::string oneLine(std::string text) {
   std::replace(text.begin(), text.end(), '\n', ' ');
   return text;
@@ -52,12 +63,15 @@ std::string oneLine(std::string text) {
 
 }  // namespace
 
-std::variant<Options, HelpText> readOptions(const std::vector<std::string>& arguments) {
-  Options options;
+Request readOptions(const std::vector<std::string>& arguments) {
+  PlayOptions options;
+  ReplayOptions replay;
+  PictureOptions picture;
   LinkSettings& link = options.server.link;
   MatchSettings& match = options.server.match;
   PaceSettings& pace = options.server.pace;
   bool noise = true;
+  double silenceSeconds = std::chrono::duration<double>(link.silence).count();
   double patienceMs = std::chrono::duration<double, std::milli>(pace.patience).count();
   double settleMs = std::chrono::duration<double, std::milli>(pace.settle).count();
 
@@ -69,9 +83,20 @@ std::variant<Options, HelpText> readOptions(const std::vector<std::string>& argu
       ->check(CLI::ValidIPV4);
   app.add_option("--port", link.port, "TCP port to listen on; 0: any free one")
       ->check(CLI::Range(0, 65535));
-  app.add_option("--wait-seconds", match.referee.waitSeconds, "time before the kick-off")
+  app.add_option("--wait-seconds", match.referee.waitSeconds, "time before each half's kick-off")
       ->check(upTo(kLongestSpan));
-  app.add_option("--half-seconds", match.referee.halfSeconds, "playing time")
+  app.add_option("--half-seconds", match.referee.halfSeconds, "playing time of one half")
+      ->check(upTo(kLongestSpan));
+  app.add_option("--kick-off-seconds", match.referee.kickOffSeconds,
+                 "an untaken kick-off becomes play after this")
+      ->check(upTo(kLongestSpan));
+  app.add_option("--kick-in-seconds", match.referee.restartSeconds,
+                 "so does an untaken kick-in, corner or goal kick")
+      ->check(upTo(kLongestSpan));
+  app.add_option("--goal-seconds", match.referee.goalSeconds, "pause after a goal")
+      ->check(upTo(kLongestSpan));
+  app.add_option("--stall-seconds", match.referee.stallSeconds,
+                 "a ball untouched for so long is dropped; 0: never")
       ->check(upTo(kLongestSpan));
   app.add_option("--speed", pace.speed, "times real time; 0: as fast as the players answer")
       ->check(upTo(kHighestSpeed))->check(zeroOrAtLeast(kLowestSpeed));
@@ -84,10 +109,34 @@ std::variant<Options, HelpText> readOptions(const std::vector<std::string>& argu
       ->check(upTo(60'000));
   app.add_option("--settle-ms", settleMs, "at speed 0: wait for further frames of an answer")
       ->check(upTo(1'000));
+  app.add_option("--silence-seconds", silenceSeconds, "a session without a frame for so long ends")
+      ->check(upTo(kLongestSpan));
   app.add_option("--log", options.logFile, "file for the event lines, besides standard output")
       ->option_text("FILE");
   app.add_option("--summary", options.summaryFile, "file for the summary as JSON")
       ->option_text("FILE");
+  app.add_option("--record", options.recordFile, "file for the match record, see replay")
+      ->option_text("FILE");
+  addViewPort(app, options.view);
+  app.add_flag("--view,!--no-view", options.view.on,
+               "a page to watch the match on; there unless --no-view is given");
+  app.add_option("--player-logs", options.playerLogs,
+                 "folder with left-N.log, right-N.log or player-N.log: goes into record and page")
+      ->option_text("DIR");
+  CLI::App* const replayCommand =
+      app.add_subcommand("replay", "tells a recorded match once more: its events and its summary");
+  replayCommand->add_option("FILE", replay.recordFile, "the match record")
+      ->required()->option_text(" ");
+  replayCommand->add_option("--summary", replay.summaryFile, "file for the summary as JSON")
+      ->option_text("FILE");
+  replayCommand->add_flag("--view", replay.view.on, "serves the page to watch it on, until Ctrl-C");
+  addViewPort(*replayCommand, replay.view);
+  CLI::App* const pictureCommand =
+      app.add_subcommand("picture", "draws a recorded match from above, as SVG");
+  pictureCommand->add_option("FILE", picture.recordFile, "the match record")
+      ->required()->option_text(" ");
+  pictureCommand->add_option("-o,--output", picture.pictureFile, "file for the picture")
+      ->required()->option_text("FILE");
   // clang-format on
 
   try {
@@ -99,8 +148,12 @@ std::variant<Options, HelpText> readOptions(const std::vector<std::string>& argu
     throw UsageError(oneLine(error.what()));
   }
 
+  if (*replayCommand) return replay;
+  if (*pictureCommand) return picture;
   if (!noise) match.senses.noise.reset();
   using Milliseconds = std::chrono::duration<double, std::milli>;
+  link.silence = std::chrono::duration_cast<std::chrono::milliseconds>(
+      std::chrono::duration<double>(silenceSeconds));
   pace.patience = std::chrono::duration_cast<std::chrono::microseconds>(Milliseconds(patienceMs));
   pace.settle = std::chrono::duration_cast<std::chrono::microseconds>(Milliseconds(settleMs));
   return options;

@@ -1,8 +1,9 @@
 #pragma once
 
-/// What a match comes down to. The match fills it while it runs, the program shows it as text at
-/// the end and writes it as JSON on request.
+/// What a match comes down to. The statistics fill it, the program shows it as text at the end and
+/// writes it as JSON on request; docs/summary.schema.json tells what the JSON's fields mean.
 
+#include <array>
 #include <nlohmann/json_fwd.hpp>
 #include <optional>
 #include <string>
@@ -25,21 +26,45 @@ struct PlayerSummary {
   std::optional<TeamPlace> lastBeam{};  ///< the last one obeyed, as the player meant it
   TeamPlace lastPlace{};                ///< at the end or when it left; field frame without a shirt
   bool standing = true;                 ///< then
-  int beams = 0;                        ///< obeyed
-  int ignoredBeams = 0;                 ///< at the wrong time, off the field or onto another robot
+  int goals = 0;                        ///< for its own side; see BallPlay.h, for shots too
+  int shots = 0;
+  double possessionSeconds = 0;  ///< [s] that it was the last to have touched the ball in play
+  double metresWalked = 0;       ///< [m] see Walk.h
+  int beams = 0;                 ///< obeyed
+  int ignoredBeams = 0;          ///< at the wrong time, off the field or onto another robot
   int falls = 0;
   int getUps = 0;
   int lateAnswers = 0;  ///< cycles that began with the last message unanswered
   int malformed = 0;    ///< effectors skipped
 };
 
+/// One side. Goals, shots and possession are the side's own, the rest are sums over
+/// its players, those who have left too.
+struct TeamSummary {
+  std::string name{};  ///< empty while nobody came
+  int goals = 0;       ///< the score, own goals of the others too
+  int shots = 0;
+  double possessionSeconds = 0;  ///< [s]
+  double possessionPercent = 0;  ///< of the time that it was anybody's; 0 when it never was
+  double metresWalked = 0;       ///< [m]
+  int beams = 0;
+  int ignoredBeams = 0;
+  int falls = 0;
+  int getUps = 0;
+  int lateAnswers = 0;
+  int malformed = 0;
+};
+
 struct Summary {
   double seconds = 0;  ///< [s] simulated
   double clock = 0;    ///< [s] of the game's clock
+  int half = 1;        ///< the one it got to
   PlayMode mode = PlayMode::kBeforeKickOff;
   bool finished = false;                 ///< played to its end, not stopped
+  std::array<TeamSummary, 2> teams{};    ///< order of Side
   std::vector<PlayerSummary> players{};  ///< by side and number, then in order of connection
-  int sessionsWithoutBody = 0;           ///< ended before they had one
+  int droppedBalls = 0;                  ///< because nobody touched the ball
+  int sessionsWithoutBody = 0;           ///< ended before they had one, or refused as they got it
   int clockSlips = 0;  ///< times that real time was lost because a cycle came far too late
 };
 

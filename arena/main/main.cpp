@@ -1,69 +1,55 @@
-/// pitcharena: reads its options, plays one match, shows what came of it.
+/// pitcharena: reads its command line and does what it says.
 
-#include <cerrno>
-#include <cstring>
 #include <exception>
-#include <fstream>
 #include <iostream>
-#include <nlohmann/json.hpp>
 #include <string>
 #include <variant>
-#include <vector>
 
 #include "arena/main/Options.h"
-#include "arena/main/StopSignals.h"
+#include "arena/main/Picture.h"
+#include "arena/main/Play.h"
+#include "arena/main/Replay.h"
+#include "viewer/server/Viewer.h"
 
 namespace {
 
 constexpr int kUsageStatus = 2;
 
-/// Opens NAME for writing, at once: a file that can't be written is better known before a match.
-std::ofstream opened(const std::string& option, const std::string& name) {
-  std::ofstream file;
-  if (name.empty()) return file;
-  file.open(name);
-  if (!file) throw arena::UsageError(option + " " + name + ": " + std::strerror(errno));
-  return file;
+int run(const arena::PlayOptions& options) {
+  return play(options);
 }
 
-int play(const arena::Options& options) {
-  arena::StopSignals signals;
-  std::ofstream log = opened("--log", options.logFile);
-  std::ofstream json = opened("--summary", options.summaryFile);
-  arena::MatchServer server(options.server);
+int run(const arena::ReplayOptions& options) {
+  return replay(options);
+}
 
-  // Every line at once: whoever reads them through a pipe acts on them.
-  const auto say = [&log](const std::string& line) {
-    std::cout << line << std::endl;
-    if (log.is_open()) log << line << std::endl;
-  };
-  say("listening on " + options.server.link.listen + ":" + std::to_string(server.port()));
-  const arena::Summary summary = server.run([&signals] { return signals.requested(); }, say);
+int run(const arena::PictureOptions& options) {
+  return drawPicture(options);
+}
 
-  std::cout << '\n' << textOf(summary) << std::flush;
-  if (json.is_open()) json << jsonOf(summary).dump(2) << '\n' << std::flush;
-  if (json.is_open() && !json) throw std::runtime_error("the summary file can't be written");
+int run(const arena::HelpText& help) {
+  std::cout << help.text;
   return 0;
+}
+
+int complain(const std::exception& error, int status) {
+  std::cerr << "pitcharena: " << error.what() << '\n';
+  return status;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
   try {
-    const auto request = arena::readOptions({argv + 1, argv + argc});
-    if (const auto* help = std::get_if<arena::HelpText>(&request)) {
-      std::cout << help->text;
-      return 0;
-    }
-    return play(std::get<arena::Options>(request));
+    return std::visit([](const auto& request) { return run(request); },
+                      arena::readOptions({argv + 1, argv + argc}));
   } catch (const arena::UsageError& error) {
-    std::cerr << "pitcharena: " << error.what() << '\n';
-    return kUsageStatus;
+    return complain(error, kUsageStatus);
   } catch (const arena::LinkError& error) {
-    std::cerr << "pitcharena: " << error.what() << '\n';
-    return kUsageStatus;
+    return complain(error, kUsageStatus);
+  } catch (const arena::view::ViewError& error) {
+    return complain(error, kUsageStatus);
   } catch (const std::exception& error) {
-    std::cerr << "pitcharena: " << error.what() << '\n';
-    return 1;
+    return complain(error, 1);
   }
 }

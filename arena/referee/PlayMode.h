@@ -5,7 +5,10 @@
 
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <string_view>
+
+#include "arena/referee/Side.h"
 
 namespace arena {
 
@@ -43,12 +46,43 @@ constexpr std::string_view nameOf(PlayMode mode) {
   return kPlayModeNames[static_cast<std::size_t>(mode)];
 }
 
+constexpr PlayMode kickOffOf(Side side) {
+  return side == Side::kLeft ? PlayMode::kKickOffLeft : PlayMode::kKickOffRight;
+}
+
+constexpr PlayMode kickInOf(Side side) {
+  return side == Side::kLeft ? PlayMode::kKickInLeft : PlayMode::kKickInRight;
+}
+
+constexpr PlayMode cornerKickOf(Side side) {
+  return side == Side::kLeft ? PlayMode::kCornerKickLeft : PlayMode::kCornerKickRight;
+}
+
+constexpr PlayMode goalKickOf(Side side) {
+  return side == Side::kLeft ? PlayMode::kGoalKickLeft : PlayMode::kGoalKickRight;
+}
+
+constexpr PlayMode goalOf(Side side) {
+  return side == Side::kLeft ? PlayMode::kGoalLeft : PlayMode::kGoalRight;
+}
+
 constexpr bool isKickOff(PlayMode mode) {
   return mode == PlayMode::kKickOffLeft || mode == PlayMode::kKickOffRight;
 }
 
 constexpr bool isGoal(PlayMode mode) {
   return mode == PlayMode::kGoalLeft || mode == PlayMode::kGoalRight;
+}
+
+/// Whose touch a mode waits for; empty if it is no restart.
+constexpr std::optional<Side> takerOf(PlayMode mode) {
+  for (const Side side : {Side::kLeft, Side::kRight}) {
+    if (mode == kickOffOf(side) || mode == kickInOf(side) || mode == cornerKickOf(side) ||
+        mode == goalKickOf(side)) {
+      return side;
+    }
+  }
+  return std::nullopt;
 }
 
 /// The game's clock stands before the kick-off, while a goal is celebrated and after the end.

@@ -19,26 +19,6 @@ void appendNumbers(std::string& text, const Vec3& values) {
   }
 }
 
-void appendTime(std::string& text, const Snapshot& shot) {
-  text += "(time (now ";
-  appendNumber(text, shot.now);
-  text += "))";
-}
-
-void appendGameState(std::string& text, const Snapshot& shot, const Actor& self) {
-  text += "(GS ";
-  if (self.shirt) {
-    text += "(unum " + std::to_string(self.shirt->number) + ") (team ";
-    text += nameOf(self.shirt->side);
-    text += ") ";
-  }
-  text += "(t ";
-  appendNumber(text, shot.clock);
-  text += ") (pm ";
-  text += nameOf(shot.mode);
-  text += "))";
-}
-
 void appendInertia(std::string& text, const RobotState& body) {
   text += "(GYR (n torso) (rt";
   appendNumbers(text, body.gyroDegPerSec);
@@ -74,16 +54,17 @@ class Look {
   Look(const Frame& camera, const SenseSettings& settings, NoiseStream stream)
       : camera_(camera), noise_(settings.noise), stream_(stream) {}
 
-  /// Appends " (NAME (pol d a e))" if POINT is in view.
-  void append(std::string& text, std::string_view name, const Vec3& point) {
-    Polar polar = polarIn(camera_, point);
-    if (!inView(polar)) return;
-    if (noise_) polar = withNoise(polar, *noise_, stream_);
+  /// Appends " (NAME (pol d a e))" if POINT is in view; false if not.
+  bool append(std::string& text, std::string_view name, const Vec3& point) {
+    std::optional<Polar> polar = seenIn(camera_, point);
+    if (!polar) return false;
+    if (noise_) polar = withNoise(*polar, *noise_, stream_);
     text += " (";
     text += name;
     text += " (pol";
-    appendNumbers(text, {polar.distance, polar.horizontalDeg, polar.elevationDeg});
+    appendNumbers(text, {polar->distance, polar->horizontalDeg, polar->elevationDeg});
     text += "))";
+    return true;
   }
 
  private:
@@ -92,10 +73,10 @@ class Look {
   NoiseStream stream_;
 };
 
-/// " (P (team Foo) (id 3) (head (pol d a e)) ...)", or nothing if no part of OTHER is in view.
-/// Players take the first part for the whole body, so the head leads when it is seen.
-std::string seenPlayer(Look& look, const Actor& other, std::string_view teamName) {
-  const RobotState& body = other.body;
+/// Appends NAME and the parts of BODY that are in view, or nothing if none is, or if it would leave
+/// no room for the end of the element. Players take the first part for the whole body, so the head
+/// leads when it is seen.
+void appendPlayer(std::string& text, Look& look, std::string_view name, const RobotState& body) {
   const std::array<std::pair<std::string_view, Vec3>, 5> parts{{
       {"head", body.head},
       {"rlowerarm", body.rightLowerArm},
@@ -103,21 +84,22 @@ std::string seenPlayer(Look& look, const Actor& other, std::string_view teamName
       {"rfoot", body.rightFootPosition},
       {"lfoot", body.leftFootPosition},
   }};
-  std::string seen;
-  for (const auto& [name, place] : parts) look.append(seen, name, place);
-  if (seen.empty()) return {};
-  return " (P (team " + std::string(teamName) + ") (id " + std::to_string(other.shirt->number) +
-         ")" + seen + ")";
+  const std::size_t before = text.size();
+  text += name;
+  bool seen = false;
+  for (const auto& [part, place] : parts) seen = look.append(text, part, place) || seen;
+  text += ')';
+  if (!seen || text.size() + 1 > kMaxMessageBytes) text.resize(before);
 }
 
-/// The name of OTHER's team for a viewer who plays for VIEWER's side. Two sides of one name are
-/// told apart by "_away" behind the other one's; a viewer without a side counts as left.
-std::string teamNameSeenBy(const Snapshot& shot, const Actor& viewer, const Actor& other) {
-  const Side own = viewer.shirt ? viewer.shirt->side : Side::kLeft;
-  const Side theirs = other.shirt->side;
-  std::string name = shot.teamNames[static_cast<std::size_t>(theirs)];
-  if (theirs != own && name == shot.teamNames[static_cast<std::size_t>(own)]) name += "_away";
-  return name;
+/// " (P (team Foo) (id 3)" for viewers of side VIEWER. Two sides of one name are told apart by
+/// "_away" behind the other one's.
+std::string beginOf(const Snapshot& shot, const Shirt& shirt, Side viewer) {
+  const std::string& name = shot.teamNames[static_cast<std::size_t>(shirt.side)];
+  const bool twin =
+      shirt.side != viewer && name == shot.teamNames[static_cast<std::size_t>(viewer)];
+  return " (P (team " + name + (twin ? "_away" : "") + ") (id " + std::to_string(shirt.number) +
+         ")";
 }
 
 /// Keys a player's noise: by shirt where there is one, so that it doesn't hang on who joined first.
@@ -127,57 +109,94 @@ std::uint64_t noiseKey(const Actor& actor) {
          static_cast<std::uint64_t>(actor.shirt->number);
 }
 
-void appendSight(std::string& text, const Snapshot& shot, std::size_t viewer,
-                 const SenseSettings& settings) {
-  const Actor& self = shot.actors[viewer];
-  Look look(self.body.camera, settings,
-            NoiseStream(settings.seed, noiseKey(self), static_cast<std::uint64_t>(shot.cycle)));
-
-  text += "(See";
-  for (const Landmark& landmark : kLandmarks) look.append(text, landmark.name, landmark.position);
-  look.append(text, "B", shot.ball.position);
-  for (std::size_t i = 0; i < shot.actors.size(); ++i) {
-    const Actor& other = shot.actors[i];
-    if (i == viewer || !other.shirt) continue;
-    const std::string player = seenPlayer(look, other, teamNameSeenBy(shot, self, other));
-    if (text.size() + player.size() + 1 <= kMaxMessageBytes) text += player;
-  }
-  text += ')';
-}
-
-void appendHearing(std::string& text, const Snapshot& shot, std::size_t viewer) {
-  const RobotState& own = shot.actors[viewer].body;
-  for (const Utterance& utterance : shot.said) {
-    std::string heard = "(hear ";
-    appendNumber(heard, shot.now);
-    heard += ' ';
-    if (utterance.speaker == viewer) {
-      heard += "self";
-    } else {
-      const Polar voice = polarIn(own.camera, shot.actors[utterance.speaker].body.head);
-      if (voice.distance > kEarshot) continue;
-      appendNumber(heard, voice.horizontalDeg);
-    }
-    heard += ' ' + utterance.text + ')';
-    if (text.size() + heard.size() <= kMaxMessageBytes) text += heard;
-  }
-}
-
 }  // namespace
 
-std::string perceive(const Snapshot& shot, std::size_t viewer, const SenseSettings& settings) {
-  const Actor& self = shot.actors.at(viewer);
+Perception::Perception(const Snapshot& shot, const SenseSettings& settings)
+    : shot_(shot), settings_(settings), time_("(time (now "), game_("(t "), heard_("(hear ") {
+  appendNumber(time_, shot.now);
+  time_ += "))";
+  appendNumber(game_, shot.clock);
+  game_ += ") (pm ";
+  game_ += nameOf(shot.mode);
+  game_ += "))";
+  appendNumber(heard_, shot.now);
+  heard_ += ' ';
+  if (shot.cycle % kCyclesPerLook != 0) return;
+  for (const Actor& actor : shot.actors) {
+    auto& [forLeft, forRight] = names_.emplace_back();
+    if (!actor.shirt) continue;
+    forLeft = beginOf(shot, *actor.shirt, Side::kLeft);
+    forRight = beginOf(shot, *actor.shirt, Side::kRight);
+  }
+}
+
+std::string Perception::messageTo(std::size_t viewer) const {
+  const Actor& self = shot_.actors.at(viewer);
   std::string text;
   text.reserve(4096);
-  appendTime(text, shot);
-  appendGameState(text, shot, self);
+  text += time_;
+  appendGameState(text, self);
   appendInertia(text, self.body);
   appendJoints(text, self.body);
   appendFoot(text, "lf", self.body.leftFoot);
   appendFoot(text, "rf", self.body.rightFoot);
-  if (shot.cycle % kCyclesPerLook == 0) appendSight(text, shot, viewer, settings);
-  appendHearing(text, shot, viewer);
+  if (shot_.cycle % kCyclesPerLook == 0) appendSight(text, viewer);
+  appendHearing(text, viewer);
   return text;
+}
+
+void Perception::appendGameState(std::string& text, const Actor& self) const {
+  text += "(GS ";
+  if (self.shirt) {
+    text += "(unum " + std::to_string(self.shirt->number) + ") (team ";
+    text += nameOf(self.shirt->side);
+    text += ") ";
+  }
+  text += game_;
+}
+
+void Perception::appendSight(std::string& text, std::size_t viewer) const {
+  const Actor& self = shot_.actors[viewer];
+  // A viewer without a side counts as left.
+  const Side side = self.shirt ? self.shirt->side : Side::kLeft;
+  Look look(self.body.camera, settings_,
+            NoiseStream(settings_.seed, noiseKey(self), static_cast<std::uint64_t>(shot_.cycle)));
+
+  text += "(See";
+  for (const Landmark& landmark : kLandmarks) look.append(text, landmark.name, landmark.position);
+  look.append(text, "B", shot_.ball.position);
+  for (std::size_t i = 0; i < shot_.actors.size(); ++i) {
+    const Actor& other = shot_.actors[i];
+    if (i == viewer || !other.shirt) continue;
+    appendPlayer(text, look, names_[i][static_cast<std::size_t>(side)], other.body);
+  }
+  text += ')';
+}
+
+void Perception::appendHearing(std::string& text, std::size_t viewer) const {
+  const RobotState& own = shot_.actors[viewer].body;
+  for (const Utterance& utterance : shot_.said) {
+    const std::size_t before = text.size();
+    text += heard_;
+    if (utterance.speaker == viewer) {
+      text += "self";
+    } else {
+      const Polar voice = polarIn(own.camera, shot_.actors[utterance.speaker].body.head);
+      if (voice.distance > kEarshot) {
+        text.resize(before);
+        continue;
+      }
+      appendNumber(text, voice.horizontalDeg);
+    }
+    text += ' ';
+    text += utterance.text;
+    text += ')';
+    if (text.size() > kMaxMessageBytes) text.resize(before);
+  }
+}
+
+std::string perceive(const Snapshot& shot, std::size_t viewer, const SenseSettings& settings) {
+  return Perception(shot, settings).messageTo(viewer);
 }
 
 }  // namespace arena

@@ -3,6 +3,8 @@
 /// The geometry of a camera: where a point of the field appears in it, and whether it is in view.
 /// Called by Perception for everything that a See element might hold.
 
+#include <optional>
+
 #include "arena/senses/Noise.h"
 #include "arena/world/State.h"
 
@@ -30,6 +32,9 @@ Polar polarIn(const Frame& camera, const Vec3& point);
 
 /// Whether a point is in view, both borders included.
 bool inView(const Polar& polar);
+
+/// POINT as polarIn gives it if it is in view. Spares the angles of most of what isn't.
+std::optional<Polar> seenIn(const Frame& camera, const Vec3& point);
 
 /// POLAR with an error on each number. Takes three numbers from the stream, always.
 Polar withNoise(const Polar& polar, const SightNoise& noise, NoiseStream& stream);

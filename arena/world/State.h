@@ -27,6 +27,8 @@ struct Pose {
   double x = 0;           ///< [m] field frame
   double y = 0;           ///< [m] field frame
   double headingDeg = 0;  ///< [deg] direction of the robot's forward axis, from +x towards +y
+
+  friend bool operator==(const Pose&, const Pose&) = default;
 };
 
 /// One foot's force sensor.

@@ -79,9 +79,11 @@ struct World::Physics {
   }
   /// Where the robot in SLOT lies in the model: robots stand there in the order of their slots.
   [[nodiscard]] const RobotIndex& indexOf(int slot) const {
-    const auto ordinal = std::count_if(robots.begin(), robots.begin() + slot,
-                                       [](const auto& robot) { return robot.has_value(); });
-    return scene->robots[static_cast<std::size_t>(ordinal)];
+    return scene->robots[static_cast<std::size_t>(ordinalOf(slot))];
+  }
+  [[nodiscard]] int ordinalOf(int slot) const {
+    return static_cast<int>(std::count_if(robots.begin(), robots.begin() + slot,
+                                          [](const auto& robot) { return robot.has_value(); }));
   }
 
   const Scene& sceneFor(int count) {
@@ -92,6 +94,14 @@ struct World::Physics {
                   settings.contactTimeConstant, settings.massFactor}));
     }
     return *slot;
+  }
+
+  void prepare(int most) {
+    for (int count = 0; count <= most; ++count) (void)sceneFor(count);
+    // A state of twelve robots is 50 MB, and two are there while one replaces the other. A process
+    // that keeps what it has freed has the pages from here on; one more is for gaps between them.
+    std::array<DataPtr, 3> reserve;
+    for (DataPtr& one : reserve) one = makeData(sceneFor(most));
   }
 
   /// Takes CHANGED as the robots on the field; whoever was there before keeps moving as it was.
@@ -161,12 +171,16 @@ struct World::Physics {
 
   void noteBallTouches(std::span<Robot* const> present) const {
     for (int i = 0; i < data->ncon; ++i) {
-      const mjContact& contact = data->contact[i];
-      if (contact.geom1 != scene->ball.geom && contact.geom2 != scene->ball.geom) continue;
-      const int other = contact.geom1 == scene->ball.geom ? contact.geom2 : contact.geom1;
-      const int robot = scene->robotOfGeom[static_cast<std::size_t>(other)];
+      const int robot = robotAtBall(data->contact[i]);
       if (robot >= 0) present[static_cast<std::size_t>(robot)]->touchedBall = true;
     }
+  }
+
+  /// Which robot of the scene meets the ball in CONTACT; -1 for none.
+  [[nodiscard]] int robotAtBall(const mjContact& contact) const {
+    if (contact.geom1 != scene->ball.geom && contact.geom2 != scene->ball.geom) return -1;
+    const int other = contact.geom1 == scene->ball.geom ? contact.geom2 : contact.geom1;
+    return scene->robotOfGeom[static_cast<std::size_t>(other)];
   }
 
   /// The engine starts over by itself when its numbers run away; a match must not go on silently.
@@ -178,7 +192,7 @@ struct World::Physics {
 
   WorldSettings settings;
   int steps;
-  /// By number of robots, made when first needed: compiling takes longer than a cycle.
+  /// By number of robots, made when first needed or by prepare().
   std::array<std::unique_ptr<const Scene>, kMaxRobots + 1> scenes;
   const Scene* scene = nullptr;  ///< one of scenes
   DataPtr data;
@@ -189,6 +203,10 @@ World::World(const WorldSettings& settings) : physics_(std::make_unique<Physics>
 World::~World() = default;
 World::World(World&&) noexcept = default;
 World& World::operator=(World&&) noexcept = default;
+
+void World::prepareModels(int most) {
+  physics_->prepare(std::clamp(most, 0, kMaxRobots));
+}
 
 void World::addRobot(int slot, const Pose& pose) {
   if (slot < 0 || slot >= kMaxRobots || hasRobot(slot)) {
@@ -242,6 +260,15 @@ void World::setTorso(int slot, const Frame& torso) {
   requireFinite(torso.axes, "torso's attitude");
   (void)physics_->at(slot);
   physics_->placeTorso(slot, torso);
+  physics_->refresh();
+}
+
+void World::shift(int slot, double dx, double dy) {
+  requireFinite(std::array{dx, dy}, "shift");
+  (void)physics_->at(slot);
+  const int position = physics_->indexOf(slot).position;
+  physics_->data->qpos[position] += dx;
+  physics_->data->qpos[position + 1] += dy;
   physics_->refresh();
 }
 
@@ -306,6 +333,15 @@ BallState World::ball() const {
 
 bool World::touchedBall(int slot) const {
   return physics_->at(slot).touchedBall;
+}
+
+bool World::overlapsBall(int slot) const {
+  (void)physics_->at(slot);
+  mj_collision(physics_->scene->model.get(), physics_->data.get());
+  const mjData& data = *physics_->data;
+  return std::any_of(data.contact, data.contact + data.ncon, [&](const mjContact& contact) {
+    return physics_->robotAtBall(contact) == physics_->ordinalOf(slot);
+  });
 }
 
 double World::time() const {

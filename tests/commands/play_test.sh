@@ -47,10 +47,77 @@ ArenaGetsTheOptionsInItsOwnWords() {
   stand_ins <<'EOF'
 echo "called with $*"
 EOF
-  play run --seconds 20 --wait-seconds=3 --speed 2.5 --seed 7 --no-noise --address 127.0.0.9
+  play run --half-seconds 20 --wait-seconds=3 --speed 2.5 --seed 7 --no-noise --address 127.0.0.9
   expect_status 0
-  expect_text out \
-    '^called with --listen 127.0.0.9 --players 6 --half-seconds 20 --wait-seconds 3 --speed 2.5 --seed 7 --no-noise$'
+  expect_text out "^called with --listen 127.0.0.9 --players 6 --player-logs $temp/logs\
+ --half-seconds 20 --wait-seconds 3 --speed 2.5 --seed 7 --no-noise\$"
+}
+
+FilesAndPageArePassedOn() {
+  stand_ins <<'EOF'
+echo "called with $*"
+EOF
+  play run --record a.rec --summary b.json --view-port 8123
+  expect_text out ' --record a.rec --summary b.json --view-port 8123$'
+  play run --no-view
+  expect_text out ' --no-view$'
+}
+
+# The left ones connect first, then the right ones are started.
+VersusStartsTwelve() {
+  stand_ins <<'EOF'
+echo "called with $*"
+until (($(grep -l unum "$LOGS"/*.log | wc -l) == 12)); do sleep 0.05; done 2>/dev/null
+EOF
+  stand_in pitchagent <<'EOF'
+echo "I am $*, of the right $(ls "$LOGS" | grep -c right)"
+sleep 0.2
+echo "connected successfully!"
+exec tail -f /dev/null
+EOF
+  LOGS=$temp/logs play run --versus
+  expect_status 0
+  expect_text out '^called with --listen 127.0.0.1 --players 12 '
+  for number in 1 2 3 4 5 6; do
+    [[ $(head -n 1 "$temp/logs/left-$number.log") == "I am --host=127.0.0.1 --unum=$number, of the right 0" ]] ||
+      flunk "left $number started otherwise"
+    [[ $(head -n 1 "$temp/logs/right-$number.log") == "I am --host=127.0.0.1 --unum=$number, of the right "[1-6] ]] ||
+      flunk "right $number started otherwise"
+  done
+  nothing_runs || flunk "left behind: $(marked_processes)"
+}
+
+# One that dies at once and is started again has two connections in its log.
+RightOnesWaitForAllLeftOnesThoughOneConnectsTwice() {
+  stand_ins <<'EOF'
+until (($(cat "$LOGS"/*.log | grep -c playing) == 12)); do sleep 0.05; done 2>/dev/null
+EOF
+  stand_in pitchagent <<'EOF'
+echo "of the left $(grep -l connected "$LOGS"/left-*.log | wc -l)"
+if [[ $2 == --unum=5 ]]; then
+  until (($(grep -c connected "$LOGS/left-4.log") == 2)); do sleep 0.05; done
+  sleep 0.5
+fi
+echo "connected successfully!"
+[[ $2 != --unum=4 ]] || ! mkdir "$ONCE" 2>/dev/null || kill -ABRT $$
+echo playing
+exec tail -f /dev/null
+EOF
+  LOGS=$temp/logs ONCE=$temp/once play run --versus
+  expect_status 0
+  expect_text out '^play: left 4 is started again$'
+  for number in 1 2 3 4 5 6; do
+    [[ $(head -n 1 "$temp/logs/right-$number.log") == "of the left 6" ]] ||
+      flunk "right $number started too early"
+  done
+}
+
+LogsOfAnEarlierMatchGo() {
+  mkdir -p "$temp/logs"
+  touch "$temp/logs/left-3.log" "$temp/logs/notes"
+  stand_ins </dev/null
+  play run
+  [[ ! -e $temp/logs/left-3.log && -e $temp/logs/notes ]] || flunk "$(ls "$temp/logs")"
 }
 
 SixPlayersStartInTheScriptsFolder() {
@@ -165,21 +232,38 @@ EOF
   expect_empty out
 }
 
-PlayerThatDiesIsToldWithItsStatus() {
+PlayerThatDiesIsToldWithItsStatusAndStartedAgain() {
   stand_ins <<'EOF'
-until (($(grep -c ' ended with ' "$OUT") == 2)); do sleep 0.05; done
+until (($(cat "$LOGS"/player-[45].log | grep -c again) == 2)); do sleep 0.05; done 2>/dev/null
 EOF
   stand_in pitchagent <<'EOF'
+if ! mkdir "$ONCE$2" 2>/dev/null; then echo again; exec tail -f /dev/null; fi
 [[ $2 != --unum=4 ]] || kill -ABRT $$
 [[ $2 != --unum=5 ]] || exit 3
 exec tail -f /dev/null
 EOF
-  OUT=$temp/out play run
+  LOGS=$temp/logs ONCE=$temp/once play run
   expect_status 0
   expect_text out "^play: player 4 ended with status 134 \(SIGABRT\), see $temp/logs/player-4.log\$"
+  expect_text out "^play: player 4 is started again\$"
   expect_text out "^play: player 5 ended with status 3, see "
+  expect_text out "^play: player 5 is started again\$"
   [[ $(grep -c ' ended with ' "$temp/out") == 2 ]] || flunk "others are said to have ended too"
   expect_empty err
+}
+
+PlayerThatCannotLiveIsLeftAlone() {
+  stand_ins <<'EOF'
+until grep -q 'left alone' "$OUT"; do sleep 0.05; done
+EOF
+  stand_in pitchagent <<'EOF'
+[[ $2 != --unum=2 ]] || exit 3
+exec tail -f /dev/null
+EOF
+  OUT=$temp/out play run
+  expect_status 0
+  expect_text out '^play: player 2 has ended three times at once and is left alone$'
+  [[ $(grep -c 'player 2 ended with status 3' "$temp/out") == 3 ]] || flunk "not three times"
 }
 
 PlayerThatEndsAfterTheMatchIsNoNews() {

@@ -5,42 +5,71 @@
 # Each child is started through setpriv, which makes the kernel kill it when its parent dies, even
 # by kill -9. The parent is the process that forks it, so a child is never started from a subshell.
 
-# The players that run: shirt number -> process id.
+# A player goes by the name of its log: "player-3", or "right-3" where there are two sides.
+# The players that run: name -> process id.
 declare -A player_pid=()
+# Since when they do, by the shell's clock.
+declare -A player_since=()
+# How often each has ended at once, without a longer run in between.
+declare -A player_quick_ends=()
 
-# start_players ADDRESS: six players against the server there, each with a log of its own in $logs.
-# They run in scripts/, where they look for their motion scripts. A shell's background commands
-# ignore SIGINT; these shall not.
+# start_player ADDRESS NAME: a player against the server there, with its log in $logs. It runs in
+# scripts/, where it looks for its motion scripts. A shell's background commands ignore SIGINT; this
+# one shall not.
+start_player() {
+  setpriv --pdeathsig KILL env --default-signal=INT --chdir="$root/scripts" \
+    "$bin/pitchagent" "--host=$1" "--unum=${2##*-}" </dev/null >>"$logs/$2.log" 2>&1 &
+  player_pid[$2]=$!
+  player_since[$2]=$SECONDS
+}
+
+# start_players ADDRESS GROUP: six players, each with a fresh log: GROUP-1.log and so on.
 start_players() {
   local number
   for number in 1 2 3 4 5 6; do
-    setpriv --pdeathsig KILL env --default-signal=INT --chdir="$root/scripts" \
-      "$bin/pitchagent" "--host=$1" "--unum=$number" \
-      </dev/null >"$logs/player-$number.log" 2>&1 &
-    player_pid[$number]=$!
+    : >"$logs/$2-$number.log"
+    start_player "$1" "$2-$number"
   done
 }
 
-# Says of each player that has ended how it did, once.
+# Says of each player that has ended how it did, once. Sets `ended` to their names. The shell has
+# words of its own for deaths by signal, which come up wherever it next meets a child: hence the
+# 2>/dev/null here and at the callers.
 report_ended_players() {
-  local number status
-  for number in "${!player_pid[@]}"; do
-    is_running "${player_pid[$number]}" && continue
-    wait "${player_pid[$number]}" 2>/dev/null  # the shell has its own words for deaths by signal
+  local name status
+  ended=()
+  for name in "${!player_pid[@]}"; do
+    is_running "${player_pid[$name]}" && continue
+    wait "${player_pid[$name]}" 2>/dev/null
     status=$?
-    unset "player_pid[$number]"
-    printf '%s: player %s ended with %s, see %s\n' "$command_name" "$number" \
-      "$(describe_status "$status")" "$logs/player-$number.log"
+    unset "player_pid[$name]"
+    ended+=("$name")
+    describe_status "$status"
+    printf '%s: %s ended with %s, see %s\n' "$command_name" "${name/-/ }" \
+      "$described" "$logs/$name.log"
   done
 }
 
-# describe_status STATUS: "status 1", or "status 134 (SIGABRT)" for a death by signal.
+# restart_ended_players ADDRESS: starts those in `ended` again, unless it is of no use.
+restart_ended_players() {
+  local name
+  for name in "${ended[@]}"; do
+    ((SECONDS - player_since[$name] < 2)) || player_quick_ends[$name]=0
+    player_quick_ends[$name]=$((${player_quick_ends[$name]:-0} + 1))
+    if ((player_quick_ends[$name] >= 3)); then
+      printf '%s: %s has ended three times at once and is left alone\n' "$command_name" "${name/-/ }"
+    else
+      printf '%s: %s is started again\n' "$command_name" "${name/-/ }"
+      start_player "$1" "$name"
+    fi
+  done
+}
+
+# describe_status STATUS: sets `described` to "status 1", or "status 134 (SIGABRT)" for a death by
+# signal.
 describe_status() {
-  if (($1 > 128)); then
-    printf 'status %s (SIG%s)' "$1" "$(kill -l "$1")"
-  else
-    printf 'status %s' "$1"
-  fi
+  described="status $1"
+  (($1 <= 128)) || described+=" (SIG$(kill -l "$1"))"
 }
 
 is_running() {

@@ -22,11 +22,14 @@ namespace {
 
 }  // namespace
 
-WireClient::WireClient(std::uint16_t port, bool noDelay)
+WireClient::WireClient(std::uint16_t port, bool noDelay, int receiveBytes)
     : socket_(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
   if (socket_ < 0) fail("socket");
   const int on = noDelay ? 1 : 0;
   ::setsockopt(socket_, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
+  if (receiveBytes > 0) {
+    ::setsockopt(socket_, SOL_SOCKET, SO_RCVBUF, &receiveBytes, sizeof receiveBytes);
+  }
   sockaddr_in address{};
   address.sin_family = AF_INET;
   address.sin_port = htons(port);
@@ -65,6 +68,17 @@ bool WireClient::sendRaw(std::string_view bytes) {
   return true;
 }
 
+bool WireClient::offer(std::string_view bytes) {
+  const ssize_t sent = ::send(socket_, bytes.data(), bytes.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
+  return sent >= 0 || errno == EINTR || errno == EAGAIN || errno == EWOULDBLOCK;
+}
+
+void WireClient::reset() {
+  const linger atOnce{1, 0};
+  ::setsockopt(socket_, SOL_SOCKET, SO_LINGER, &atOnce, sizeof atOnce);
+  hangUp();
+}
+
 bool WireClient::fill(std::size_t bytes, std::chrono::milliseconds patience) {
   std::array<char, 16384> piece{};
   while (received_.size() < bytes) {
@@ -92,6 +106,7 @@ std::optional<std::string> WireClient::hear(std::chrono::milliseconds patience) 
 }
 
 bool WireClient::isClosedWithin(std::chrono::milliseconds patience) {
+  if (socket_ < 0) return true;
   const auto end = std::chrono::steady_clock::now() + patience;
   try {
     while (true) {

@@ -13,8 +13,9 @@ namespace arena::test {
 
 class WireClient {
  public:
-  /// Connects to 127.0.0.1. Throws std::system_error.
-  explicit WireClient(std::uint16_t port, bool noDelay = true);
+  /// Connects to 127.0.0.1. RECEIVE_BYTES: what the system may keep for it unread; 0: as much as it
+  /// likes, which is tens of megabytes. Throws std::system_error.
+  explicit WireClient(std::uint16_t port, bool noDelay = true, int receiveBytes = 0);
   ~WireClient();
   WireClient(WireClient&& other) noexcept;
   WireClient& operator=(WireClient&&) = delete;
@@ -26,10 +27,15 @@ class WireClient {
   /// The next frame; none when the other end has closed. Throws std::runtime_error when nothing
   /// comes for PATIENCE.
   std::optional<std::string> hear(std::chrono::milliseconds patience = std::chrono::seconds(20));
-  /// Whether the other end closes within PATIENCE; frames that come before are thrown away.
+  /// Whether the other end closes within PATIENCE; frames that come before are thrown
+  /// away. True at once when this end has hung up.
   bool isClosedWithin(std::chrono::milliseconds patience);
+  /// Sends as much of BYTES as goes without waiting; false when the other end has gone.
+  bool offer(std::string_view bytes);
   /// Closes without reading what has come in.
   void hangUp();
+  /// Goes as a process on a machine does that loses its power and comes back: with a reset.
+  void reset();
 
  private:
   /// False at the end of the stream.

@@ -54,9 +54,32 @@ TEST(Program, HelpNamesEveryOptionAndItsDefault) {
   Program program({"--help"});
   const std::string help = program.restOfOutput();
   EXPECT_EQ(program.wait(), 0);
-  for (const auto* option : {"--port", "--listen", "--half-seconds", "--wait-seconds", "--speed",
-                             "--seed", "--noise", "--no-noise", "--players", "--patience-ms",
-                             "--settle-ms", "--log", "--summary", "=3100", "=127.0.0.1", "=300"}) {
+  for (const auto* option : {"--port",
+                             "--listen",
+                             "--half-seconds",
+                             "--wait-seconds",
+                             "--speed",
+                             "--seed",
+                             "--noise",
+                             "--no-noise",
+                             "--players",
+                             "--patience-ms",
+                             "--settle-ms",
+                             "--silence-seconds",
+                             "--record",
+                             "--log",
+                             "--summary",
+                             "--kick-off-seconds",
+                             "--kick-in-seconds",
+                             "--goal-seconds",
+                             "--stall-seconds",
+                             "--view-port",
+                             "--no-view",
+                             "--player-logs",
+                             "=3100",
+                             "=127.0.0.1",
+                             "=300",
+                             "--silence-seconds FLOAT:0..86400=60"}) {
     EXPECT_THAT(help, HasSubstr(option));
   }
 }
@@ -95,8 +118,13 @@ INSTANTIATE_TEST_SUITE_P(
         BadLine{{"--half-seconds", "1e9"}, "--half-seconds"}, BadLine{{"--seed", "-1"}, "--seed"},
         BadLine{{"--seed", "x"}, "--seed"}, BadLine{{"--players", "0"}, "--players"},
         BadLine{{"--players", "13"}, "--players"}, BadLine{{"--listen", "nowhere"}, "--listen"},
+        BadLine{{"--stall-seconds", "-1"}, "--stall-seconds"},
+        BadLine{{"--goal-seconds", "nan"}, "--goal-seconds"},
+        BadLine{{"--kick-in-seconds", "x"}, "--kick-in-seconds"},
+        BadLine{{"--kick-off-seconds", "inf"}, "--kick-off-seconds"},
         BadLine{{"--patience-ms", "-1"}, "--patience-ms"},
         BadLine{{"--settle-ms", "nan"}, "--settle-ms"},
+        BadLine{{"--silence-seconds", "nan"}, "--silence-seconds"},
         BadLine{{"--log", "/no/such/folder/log"}, "--log /no/such/folder/log"},
         BadLine{{"--summary", "/no/such/folder/s"}, "--summary /no/such/folder/s"}));
 
@@ -113,8 +141,8 @@ TEST(Program, APortInUseIsOneLineAndStatusTwo) {
 TEST(Program, AMatchIsToldAsItHappensAndSummedUpAtTheEnd) {
   const ScratchFile log("log");
   const ScratchFile summary("summary");
-  Program program({"--port", "0", "--speed", "0", "--wait-seconds", "0.4", "--half-seconds", "1",
-                   "--log", log.name(), "--summary", summary.name()});
+  Program program({"--port", "0", "--no-view", "--speed", "0", "--wait-seconds", "0.4",
+                   "--half-seconds", "1", "--log", log.name(), "--summary", summary.name()});
   WireClient client(portOf(program));
   client.say("(scene rsg/agent/nao/nao.rsg)(init (unum 3)(teamname Foo))");
   int messages = 0;
@@ -131,9 +159,13 @@ TEST(Program, AMatchIsToldAsItHappensAndSummedUpAtTheEnd) {
       "0.00 s  left 3 connected, team Foo\n"
       "0.02 s  left 3 beamed to (-3.00, 1.00), facing 0 deg\n"
       "0.40 s  play mode KickOff_Left\n"
-      "1.40 s  play mode GameOver\n"
-      "2.40 s  the match is over\n";
-  EXPECT_THAT(output, StartsWith(events + "\nsummary: 2.40 s simulated, game clock 1.00 s, "
+      "1.40 s  half time, 0:0\n"
+      "1.40 s  play mode BeforeKickOff\n"
+      "1.80 s  play mode KickOff_Right\n"
+      "2.80 s  full time, 0:0\n"
+      "2.80 s  play mode GameOver\n"
+      "3.80 s  the match is over\n";
+  EXPECT_THAT(output, StartsWith(events + "\nsummary: 3.80 s simulated, game clock 2.00 s, "
                                           "GameOver, played to the end\n"));
   EXPECT_THAT(log.text(), HasSubstr(events));
   const auto json = nlohmann::json::parse(summary.text());

@@ -36,6 +36,8 @@ class RunningServer {
     if (thread_.joinable()) thread_.join();
     return summary_;
   }
+  /// How the pace was kept; only after finish().
+  [[nodiscard]] const PaceReport& pace() const { return server_.pace(); }
   /// What was said; only after finish().
   [[nodiscard]] const std::vector<std::string>& lines() const { return lines_; }
 

@@ -25,6 +25,24 @@ TEST(PlayMode, NamesAreSpelledAsPlayersCompareThem) {
   EXPECT_EQ(nameOf(PlayMode::kGameOver), "GameOver");
 }
 
+TEST(PlayMode, EachRestartHasItsTaker) {
+  EXPECT_EQ(takerOf(PlayMode::kKickOffLeft), Side::kLeft);
+  EXPECT_EQ(takerOf(PlayMode::kKickOffRight), Side::kRight);
+  EXPECT_EQ(takerOf(PlayMode::kKickInLeft), Side::kLeft);
+  EXPECT_EQ(takerOf(PlayMode::kKickInRight), Side::kRight);
+  EXPECT_EQ(takerOf(PlayMode::kCornerKickLeft), Side::kLeft);
+  EXPECT_EQ(takerOf(PlayMode::kCornerKickRight), Side::kRight);
+  EXPECT_EQ(takerOf(PlayMode::kGoalKickLeft), Side::kLeft);
+  EXPECT_EQ(takerOf(PlayMode::kGoalKickRight), Side::kRight);
+}
+
+TEST(PlayMode, OtherModesHaveNoTaker) {
+  for (const PlayMode mode : {PlayMode::kBeforeKickOff, PlayMode::kPlayOn, PlayMode::kGoalLeft,
+                              PlayMode::kGoalRight, PlayMode::kGameOver}) {
+    EXPECT_FALSE(takerOf(mode)) << nameOf(mode);
+  }
+}
+
 TEST(PlayMode, TheClockStandsBeforeTheGameAfterItAndInAGoal) {
   EXPECT_FALSE(clockRuns(PlayMode::kBeforeKickOff));
   EXPECT_FALSE(clockRuns(PlayMode::kGoalLeft));

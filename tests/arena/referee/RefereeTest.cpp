@@ -8,7 +8,7 @@ namespace {
 const FieldView kNobody{{0, 0, 0.042}, {}};
 
 FieldView touchedBy(Side side) {
-  return {{0, 0, 0.042}, {{side, {-0.2, 0, 0.38}, true}}};
+  return {{0, 0, 0.042}, {{{side, 4}, {-0.2, 0, 0.38}, true}}};
 }
 
 /// Shows VIEW for CYCLES; gives the last ruling.
@@ -18,7 +18,7 @@ Ruling watch(Referee& referee, int cycles, const FieldView& view = kNobody) {
   return last;
 }
 
-/// Half a second of waiting, 20 s to play.
+/// Half a second of waiting, 20 s a half.
 RefereeSettings quick() {
   RefereeSettings settings;
   settings.waitSeconds = 0.5;
@@ -48,17 +48,18 @@ TEST(Referee, TouchingTheBallInTheWaitingTimeIsNothing) {
   EXPECT_EQ(referee.mode(), PlayMode::kBeforeKickOff);
 }
 
-TEST(Referee, FirstTouchStartsPlay) {
+TEST(Referee, TheTakersFirstTouchStartsPlay) {
   Referee referee(quick());
   watch(referee, 25 + 10);
-  EXPECT_EQ(watch(referee, 1, touchedBy(Side::kRight)).newMode, PlayMode::kPlayOn);
+  EXPECT_FALSE(watch(referee, 10, touchedBy(Side::kRight)).newMode);
+  EXPECT_EQ(watch(referee, 1, touchedBy(Side::kLeft)).newMode, PlayMode::kPlayOn);
 }
 
 TEST(Referee, APlayerBesideTheBallDoesNotStartPlay) {
   Referee referee(quick());
   watch(referee, 25);
   EXPECT_FALSE(
-      watch(referee, 10, {{0, 0, 0.042}, {{Side::kLeft, {-0.2, 0, 0.38}, false}}}).newMode);
+      watch(referee, 10, {{0, 0, 0.042}, {{{Side::kLeft, 4}, {-0.2, 0, 0.38}, false}}}).newMode);
 }
 
 TEST(Referee, AnUntakenKickOffBecomesPlayAfterFifteenSeconds) {
@@ -79,13 +80,42 @@ TEST(Referee, TheClockRunsFromTheKickOffOn) {
   EXPECT_DOUBLE_EQ(referee.clock(), 2);
 }
 
-TEST(Referee, TheHalfEndsTheGameAndStopsTheClock) {
+TEST(Referee, TheFirstHalfEndsInAnotherWaitWithTheBallInTheCentre) {
   Referee referee(quick());
-  watch(referee, 25);
-  EXPECT_NE(watch(referee, 999).newMode, PlayMode::kGameOver);
-  EXPECT_EQ(watch(referee, 1).newMode, PlayMode::kGameOver);
-  watch(referee, 10);
+  watch(referee, 25 + 999);
+  EXPECT_EQ(referee.half(), 1);
+  const Ruling ruling = watch(referee, 1);
+  EXPECT_EQ(ruling.newMode, PlayMode::kBeforeKickOff);
+  EXPECT_EQ(ruling.placeBallAt, (Vec3{0, 0, 0.042}));
+  ASSERT_TRUE(ruling.incident);
+  EXPECT_EQ(ruling.incident->kind, Incident::Kind::kHalfTime);
+  EXPECT_EQ(referee.half(), 2);
+  EXPECT_TRUE(referee.beamsAllowed());
+  watch(referee, 24);
+  EXPECT_EQ(referee.mode(), PlayMode::kBeforeKickOff);
   EXPECT_DOUBLE_EQ(referee.clock(), 20);
+}
+
+TEST(Referee, TheRightTeamKicksOffTheSecondHalfAndTheClockRunsOn) {
+  Referee referee(quick());
+  watch(referee, 25 + 1000 + 24);
+  EXPECT_EQ(watch(referee, 1).newMode, PlayMode::kKickOffRight);
+  EXPECT_DOUBLE_EQ(referee.clock(), 20);
+  watch(referee, 50);
+  EXPECT_DOUBLE_EQ(referee.clock(), 21);
+  EXPECT_EQ(watch(referee, 1, touchedBy(Side::kRight)).newMode, PlayMode::kPlayOn);
+}
+
+TEST(Referee, TheSecondHalfEndsTheGameAndStopsTheClock) {
+  Referee referee(quick());
+  watch(referee, 25 + 1000 + 25);
+  EXPECT_NE(watch(referee, 999).newMode, PlayMode::kGameOver);
+  const Ruling ruling = watch(referee, 1);
+  EXPECT_EQ(ruling.newMode, PlayMode::kGameOver);
+  ASSERT_TRUE(ruling.incident);
+  EXPECT_EQ(ruling.incident->kind, Incident::Kind::kFullTime);
+  watch(referee, 10);
+  EXPECT_DOUBLE_EQ(referee.clock(), 40);
 }
 
 TEST(Referee, TheHalfEndsAnUntakenKickOffToo) {
@@ -94,6 +124,9 @@ TEST(Referee, TheHalfEndsAnUntakenKickOffToo) {
   Referee referee(settings);
   watch(referee, 25 + 149);
   EXPECT_EQ(referee.mode(), PlayMode::kKickOffLeft);
+  EXPECT_EQ(watch(referee, 1).newMode, PlayMode::kBeforeKickOff);
+  watch(referee, 25 + 149);
+  EXPECT_EQ(referee.mode(), PlayMode::kKickOffRight);
   EXPECT_EQ(watch(referee, 1).newMode, PlayMode::kGameOver);
 }
 
@@ -101,7 +134,7 @@ TEST(Referee, GameOverIsShownForASecondBeforeTheEnd) {
   RefereeSettings settings = quick();
   settings.halfSeconds = 1;
   Referee referee(settings);
-  watch(referee, 25 + 50 + 49);
+  watch(referee, 2 * (25 + 50) + 49);
   EXPECT_EQ(referee.mode(), PlayMode::kGameOver);
   EXPECT_FALSE(referee.finished());
   EXPECT_FALSE(watch(referee, 1).newMode);
@@ -134,6 +167,8 @@ TEST(Referee, ASpanOfNoLengthEndsWithTheCycleThatBeginsIt) {
   settings.gameOverSeconds = 0;
   Referee referee(settings);
   EXPECT_EQ(watch(referee, 1).newMode, PlayMode::kKickOffLeft);
+  EXPECT_EQ(watch(referee, 1).newMode, PlayMode::kBeforeKickOff);
+  EXPECT_EQ(watch(referee, 1).newMode, PlayMode::kKickOffRight);
   EXPECT_EQ(watch(referee, 1).newMode, PlayMode::kGameOver);
   EXPECT_TRUE(referee.finished());
 }

@@ -199,6 +199,26 @@ TEST(Robots, BeamedIntoEachOtherPartWithoutHarm) {
   }
 }
 
+TEST(Robots, ModelsMadeAheadChangeNothing) {
+  World prepared;
+  prepared.prepareModels(3);
+  World plain;
+  for (World* world : {&prepared, &plain}) {
+    std::mt19937 random(5);
+    world->addRobot(0, {0, 0, 0});
+    world->addRobot(1, {0.3, 0, 180});
+    flail(*world, {0, 1}, random, 5);
+    run(*world, 0.2);
+    world->removeRobot(0);
+    world->addRobot(4, {-1, 0, 90});
+    world->addRobot(5, {-2, 0, 90});
+    world->addRobot(6, {-3, 0, 90});  // more than was prepared for
+    run(*world, 0.2);
+  }
+  for (const int slot : {1, 4, 5, 6})
+    EXPECT_TRUE(sameBits(prepared.robot(slot), plain.robot(slot)));
+}
+
 TEST(Robots, TimeRunsInCycles) {
   World world;
   EXPECT_EQ(world.time(), 0);

@@ -1,4 +1,4 @@
-#include "arena/main/Event.h"
+#include "arena/record/Event.h"
 
 #include <array>
 #include <charconv>

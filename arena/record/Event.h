@@ -1,7 +1,7 @@
 #pragma once
 
 /// Something in a match that a person wants to know at once. The match reports events in the order
-/// in which they happen; the program prints them as lines.
+/// in which they happen; the program prints them as lines, a record keeps them.
 
 #include <string>
 
@@ -10,6 +10,8 @@ namespace arena {
 struct Event {
   double seconds = 0;  ///< [s] simulated since the start of the match
   std::string text{};
+
+  friend bool operator==(const Event&, const Event&) = default;
 };
 
 /// "12.34 s  left 3 connected, team Foo"
