@@ -56,6 +56,9 @@ class World {
   void setJointAngles(int slot, const std::array<double, kJointCount>& degrees);
   /// Puts the torso at a place and attitude, at rest (for tests: lying on the back, say).
   void setTorso(int slot, const Frame& torso);
+  /// Pushes the torso, at its centre of mass: an IMPULSE (N s, field frame) spread evenly over the
+  /// next cycle. Several pushes add up; what is on the way is lost when a robot comes or goes.
+  void push(int slot, const Vec3& impulse);
   /// Puts the ball somewhere with a velocity, not spinning.
   void setBall(const Vec3& position, const Vec3& velocity = {});
 
