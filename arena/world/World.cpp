@@ -272,6 +272,13 @@ void World::shift(int slot, double dx, double dy) {
   physics_->refresh();
 }
 
+void World::push(int slot, const Vec3& impulse) {
+  requireFinite(impulse, "push");
+  (void)physics_->at(slot);
+  mjtNum* const force = physics_->data->xfrc_applied + 6 * physics_->indexOf(slot).torso;
+  for (std::size_t i = 0; i < impulse.size(); ++i) force[i] += impulse[i] / kCycleSeconds;
+}
+
 void World::setBall(const Vec3& position, const Vec3& velocity) {
   requireFinite(position, "ball's place");
   requireFinite(velocity, "ball's velocity");
@@ -300,6 +307,7 @@ void World::advance() {
     physics.step(servos);
     physics.noteBallTouches(present);
   }
+  std::fill_n(physics.data->xfrc_applied, 6 * physics.scene->model->nbody, 0.0);
   physics.requireSound();
   const mjModel& model = *physics.scene->model;
   const mjData& data = *physics.data;

@@ -63,6 +63,9 @@ class World {
   void setTorso(int slot, const Frame& torso);
   /// Moves a robot along the ground as it is: posture, motion and servo speeds go on.
   void shift(int slot, double dx, double dy);
+  /// Pushes the torso, at its centre of mass: an IMPULSE (N s, field frame) spread evenly over the
+  /// next cycle. Several pushes add up; what is on the way is lost when a robot comes or goes.
+  void push(int slot, const Vec3& impulse);
   /// Puts the ball somewhere with a velocity, not spinning.
   void setBall(const Vec3& position, const Vec3& velocity = {});
 

@@ -1,0 +1,36 @@
+#include <iostream>
+#include <memory>
+
+#include "workshop/main/Commands.h"
+#include "workshop/tune/Tuning.h"
+
+namespace workshop {
+
+void addTune(CLI::App& program, int& /*status*/) {
+  CLI::App* const command = program.add_subcommand(
+      "tune", "Improves parameters by an evolution strategy, judged in the training ground.");
+  const auto s = std::make_shared<TuningSettings>();
+  command->add_option("NAME", s->name, "parameters to improve (walk, turn15, ...)")->required();
+  command->add_option("--parameters", s->parameters, "folder to read")->capture_default_str();
+  command->add_option("--work", s->work, "folder for checkpoint and best so far")
+      ->capture_default_str();
+  command->add_option("--generations", s->generations, "in all")->capture_default_str();
+  command->add_option("--population", s->search.population, "0: by the number of parameters")
+      ->capture_default_str();
+  command->add_option("--sigma", s->search.sigma, "first step, as a share of each range")
+      ->capture_default_str();
+  command->add_option("--seed", s->search.seed, "of the search and of its worlds")
+      ->capture_default_str();
+  command->add_option("--worlds", s->evaluation.worlds, "perturbed ones besides the nominal")
+      ->capture_default_str();
+  command->add_option("--workers", s->evaluation.workers, "processes; 0: one per core")
+      ->capture_default_str();
+  command->add_flag("--resume", s->resume, "go on from the checkpoint");
+  command->add_flag("--write", s->write, "put the result back among the parameters");
+  command->callback([s] {
+    s->evaluation.seed = s->search.seed;
+    tune(*s, std::cerr);
+  });
+}
+
+}  // namespace workshop
