@@ -3,7 +3,7 @@
 // messages were out, and its work in processor time. The first second is left out, in which all
 // players join and the bad peer begins.
 //
-//   faults [seconds of real time for each match, default 10]
+//   bench_faults [seconds of real time for each match, default 10]
 
 #include <algorithm>
 #include <atomic>
@@ -53,6 +53,26 @@ void leavesInMidFrame(std::uint16_t port, const std::atomic<bool>&) {
   WireClient peer(port);
   peer.sendRaw("\0\0\1\0(he1 1)"s);
   std::this_thread::sleep_for(5ms);
+}
+
+void saysNothing(std::uint16_t port, const std::atomic<bool>& over) {
+  const WireClient peer(port);
+  while (!over) std::this_thread::sleep_for(10ms);
+}
+
+void sendsNoNumbers(std::uint16_t port, const std::atomic<bool>& over) {
+  WireClient peer(port);
+  while (!over) {
+    peer.say("(he1 nan)(lle3 inf)(lle4 1e999)(beam nan 0 0)");
+    std::this_thread::sleep_for(1ms);
+  }
+}
+
+/// Where twelve play already.
+void wantsAThirteenthBody(std::uint16_t port, const std::atomic<bool>&) {
+  WireClient peer(port);
+  peer.say(kBody);
+  peer.isClosedWithin(200ms);
 }
 
 void nests(std::uint16_t port, const std::atomic<bool>& over) {
@@ -188,6 +208,9 @@ int run(double seconds) {
   print("alone", measure(12, seconds, {}));
   print("beside one that sends garbage", measure(12, seconds, sendsGarbage));
   print("... that leaves in mid-frame", measure(12, seconds, leavesInMidFrame));
+  print("... that says nothing", measure(12, seconds, saysNothing));
+  print("... that sends no numbers", measure(12, seconds, sendsNoNumbers));
+  print("... that wants a thirteenth body", measure(12, seconds, wantsAThirteenthBody));
   print("... that nests 8000 deep", measure(12, seconds, nests));
   print("... that floods", measure(12, seconds, floods));
   print("... that floods, fifty times", measure(12, seconds, floodByFifty));

@@ -79,6 +79,7 @@ MatchCycle Match::advance(const std::vector<Received>& received) {
   }
 
   for (const Received& one : received) act(one, out);
+  bringBodies();
   obeyBeams(out);
   for (const Received& one : received) driveJoints(one);
   watch.lap(out.times.commands);
@@ -135,12 +136,20 @@ std::optional<Refusal> Match::giveBody(Player& player, int requests) {
   if (free == slotTaken_.end()) {
     return Refusal{"the field is full, " + std::to_string(kMaxRobots) + " robots"};
   }
-  const auto slot = static_cast<int>(free - slotTaken_.begin());
-  world_.addRobot(slot, touchlinePose(slot));
   *free = true;
-  player.slot = slot;
+  player.slot = static_cast<int>(free - slotTaken_.begin());
   player.notes.malformed += requests - 1;
   return std::nullopt;
+}
+
+void Match::bringBodies() {
+  // Together: at the start of a match twelve come in one cycle.
+  std::vector<Arrival> arrivals;
+  for (const auto& [id, player] : players_) {
+    if (!player.slot || world_.hasRobot(*player.slot)) continue;
+    arrivals.push_back({*player.slot, touchlinePose(*player.slot)});
+  }
+  world_.addRobots(arrivals);
 }
 
 std::optional<Refusal> Match::giveShirt(SessionId id, Player& player, const InitRequest& request,

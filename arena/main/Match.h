@@ -85,7 +85,9 @@ class Match {
 
   [[nodiscard]] std::string nameOf(SessionId id) const;
   void act(const Received& received, MatchCycle& out);
+  /// A place in the world; the body comes with bringBodies().
   std::optional<Refusal> giveBody(Player& player, int requests);
+  void bringBodies();
   std::optional<Refusal> giveShirt(SessionId id, Player& player, const InitRequest& request,
                                    MatchCycle& out);
   void driveJoints(const Received& received);

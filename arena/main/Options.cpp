@@ -51,8 +51,8 @@ CLI::Validator zeroOrAtLeast(double lowest) {
 /// The page is on this machine's loopback whatever the players' link listens on.
 void addViewPort(CLI::App& app, ViewOptions& view) {
   app.add_option("--view-port", view.port,
-                 "port of the page to watch on; 0: any free one; not given: " +
-                     std::to_string(view::kUsualViewPort) + ", or any if that is taken")
+                 "port of the page to watch on; 0: any; not given: " +
+                     std::to_string(view::kUsualViewPort) + ", or any if taken")
       ->check(CLI::Range(0, 65535));
 }
 
@@ -121,7 +121,7 @@ Request readOptions(const std::vector<std::string>& arguments) {
   app.add_flag("--view,!--no-view", options.view.on,
                "a page to watch the match on; there unless --no-view is given");
   app.add_option("--player-logs", options.playerLogs,
-                 "folder with left-N.log, right-N.log or player-N.log: goes into record and page")
+                 "folder of left-N.log, right-N.log or player-N.log, for record and page")
       ->option_text("DIR");
   CLI::App* const replayCommand =
       app.add_subcommand("replay", "tells a recorded match once more: its events and its summary");

@@ -20,7 +20,7 @@ Recorder::Recorder(const std::string& file, const RecordSettings& settings, std:
 }
 
 Recorder::~Recorder() {
-  finish();
+  stop(/*inOrder=*/false);
 }
 
 void Recorder::keep(const CycleRecord& record) {
@@ -38,8 +38,13 @@ void Recorder::keep(const CycleRecord& record) {
 }
 
 void Recorder::finish() {
+  stop(/*inOrder=*/true);
+}
+
+void Recorder::stop(bool inOrder) {
   {
     const std::scoped_lock lock(mutex_);
+    if (!ending_) inOrder_ = inOrder;
     ending_ = true;
   }
   changed_.notify_one();
@@ -55,13 +60,18 @@ std::optional<std::string> Recorder::takeFault() {
 void Recorder::run() {
   for (;;) {
     std::deque<CycleRecord> batch;
+    bool inOrder = false;
     {
       std::unique_lock lock(mutex_);
       changed_.wait(lock, [this] { return ending_ || failed_ || !waiting_.empty(); });
       if (failed_) return waiting_.clear();
       batch.swap(waiting_);
+      inOrder = inOrder_;
     }
-    if (batch.empty()) break;
+    if (batch.empty()) {
+      if (inOrder) write(RecordEncoder::end());
+      return;
+    }
     try {
       for (const CycleRecord& record : batch) {
         if (!write(encoder_.cycle(record))) return;
@@ -70,7 +80,6 @@ void Recorder::run() {
       return fail(error.what());
     }
   }
-  write(RecordEncoder::end());
 }
 
 bool Recorder::write(const std::string& piece) {

@@ -26,7 +26,8 @@ class Recorder {
   /// Opens FILE, what was in it is gone. Throws std::system_error.
   Recorder(const std::string& file, const RecordSettings& settings,
            std::size_t mostWaiting = kMostWaitingCycles);
-  /// Finishes.
+  /// Without finish(), as when an error ends the match, what waits is written but no end: the
+  /// record counts as cut off.
   ~Recorder();
   Recorder(const Recorder&) = delete;
   Recorder& operator=(const Recorder&) = delete;
@@ -41,6 +42,7 @@ class Recorder {
 
  private:
   void run();
+  void stop(bool inOrder);
   /// False after a fault.
   bool write(const std::string& piece);
   void fail(const std::string& why);
@@ -56,6 +58,7 @@ class Recorder {
   // Under the mutex:
   std::deque<CycleRecord> waiting_{};
   bool ending_ = false;
+  bool inOrder_ = false;  ///< the end belongs into the file
   bool failed_ = false;
   std::optional<std::string> fault_{};
 

@@ -31,6 +31,12 @@ struct Pose {
   friend bool operator==(const Pose&, const Pose&) = default;
 };
 
+/// A robot that comes onto the field.
+struct Arrival {
+  int slot = 0;  ///< 0 to 11
+  Pose pose{};
+};
+
 /// One foot's force sensor.
 struct FootForce {
   bool touching = false;  ///< the foot touched something during the last step of the cycle

@@ -209,14 +209,21 @@ void World::prepareModels(int most) {
 }
 
 void World::addRobot(int slot, const Pose& pose) {
-  if (slot < 0 || slot >= kMaxRobots || hasRobot(slot)) {
-    throw std::invalid_argument("world: slot " + std::to_string(slot) + " can't be filled");
-  }
-  requireFinite(std::array{pose.x, pose.y, pose.headingDeg}, "pose");
+  addRobots({{slot, pose}});
+}
+
+void World::addRobots(const std::vector<Arrival>& arrivals) {
+  if (arrivals.empty()) return;
   auto robots = physics_->robots;
-  robots[static_cast<std::size_t>(slot)].emplace();
+  for (const auto& [slot, pose] : arrivals) {
+    if (slot < 0 || slot >= kMaxRobots || robots[static_cast<std::size_t>(slot)]) {
+      throw std::invalid_argument("world: slot " + std::to_string(slot) + " can't be filled");
+    }
+    requireFinite(std::array{pose.x, pose.y, pose.headingDeg}, "pose");
+    robots[static_cast<std::size_t>(slot)].emplace();
+  }
   physics_->replaceRobots(std::move(robots));
-  beam(slot, pose);
+  for (const auto& [slot, pose] : arrivals) beam(slot, pose);
 }
 
 void World::removeRobot(int slot) {

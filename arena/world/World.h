@@ -7,6 +7,7 @@
 /// states read afterwards are those at the end of its last step.
 
 #include <memory>
+#include <vector>
 
 #include "arena/world/State.h"
 
@@ -47,6 +48,8 @@ class World {
   /// Puts a robot on the field in a free SLOT (0 to 11); the others go on undisturbed.
   /// Throws std::invalid_argument for a slot that is taken or out of range.
   void addRobot(int slot, const Pose& pose);
+  /// Several at once, for the price of one; all or none.
+  void addRobots(const std::vector<Arrival>& arrivals);
   /// Takes a robot off the field; a free slot is left alone.
   void removeRobot(int slot);
   [[nodiscard]] bool hasRobot(int slot) const;

@@ -49,7 +49,7 @@ StrayWordIsNamedInOneLine() {
 }
 
 MissingValueIsNamedInOneLine() {
-  for call in 'setup --for' 'play --seconds' 'play --seed=' 'play --logs' 'team --host' 'team --host='; do
+  for call in 'setup --for' 'play --half-seconds' 'play --seed=' 'play --logs' 'team --host' 'team --host='; do
     read -r -a words <<<"$call"
     run "$root/${words[0]}" "${words[1]}"
     expect_status 2

@@ -208,6 +208,18 @@ TEST(Match, AThirteenthBodyIsRefused) {
   EXPECT_EQ(stage.last().messages.size(), 12U);
 }
 
+TEST(Match, TheBodyOfOneRefusedAtOnceIsFreeForTheNextInTheSameCycle) {
+  Stage stage;
+  for (SessionId id = 1; id <= 11; ++id) stage.say(id, "(scene rsg/agent/nao/nao.rsg)");
+  stage.play();
+  stage.join(20, 7, "Foo");
+  stage.join(21, 1, "Foo");
+  stage.play();
+  EXPECT_EQ(stage.last().refused, std::vector<SessionId>{20});
+  EXPECT_EQ(stage.last().messages.size(), 12U);
+  EXPECT_TRUE(contains(stage.message(21), "(GS (unum 1) (team left) "));
+}
+
 TEST(Match, APlayerThatGoesTakesItsRobotAlongAndFreesItsShirt) {
   Stage stage(exactMatch(10, 10));
   stage.join(1, 1, "Foo");

@@ -82,6 +82,8 @@ TEST(Program, HelpNamesEveryOptionAndItsDefault) {
                              "--silence-seconds FLOAT:0..86400=60"}) {
     EXPECT_THAT(help, HasSubstr(option));
   }
+  std::istringstream lines(help);
+  for (std::string line; std::getline(lines, line);) EXPECT_LE(line.size(), 100U) << line;
 }
 
 struct BadLine {

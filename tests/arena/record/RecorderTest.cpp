@@ -45,6 +45,19 @@ TEST(Recorder, WritesWhatItIsGiven) {
   EXPECT_TRUE(whole);
 }
 
+TEST(Recorder, AMatchThatIsNotFinishedHasAllItsCyclesButNoEnd) {
+  const TempDir dir;
+  const std::string name = (dir.path() / "match.rec").string();
+  const auto match = test::smallMatch(100);
+  {
+    Recorder recorder(name, {});
+    for (const CycleRecord& record : match) recorder.keep(record);
+  }
+  bool whole = true;
+  EXPECT_EQ(cyclesIn(name, whole), match);
+  EXPECT_FALSE(whole);
+}
+
 TEST(Recorder, AFileThatCantBeOpenedIsTold) {
   EXPECT_THROW(Recorder("/no/such/folder/match.rec", {}), std::system_error);
 }

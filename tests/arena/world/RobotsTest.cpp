@@ -4,9 +4,11 @@
 
 #include <algorithm>
 #include <bit>
+#include <cmath>
 #include <cstdint>
 #include <random>
 #include <stdexcept>
+#include <vector>
 
 #include "arena/model/FieldTable.h"
 #include "tests/arena/world/Run.h"
@@ -147,6 +149,37 @@ TEST(Robots, TwelveFindRoomAndAThirteenthDoesNot) {
   for (int slot = 0; slot < kMaxRobots; ++slot) {
     EXPECT_NEAR(world.robot(slot).torso.position[0], slot - 6.0, 0.01);
   }
+}
+
+TEST(Robots, SeveralAtOnceAreLikeOneAfterTheOther) {
+  const std::vector<Arrival> arrivals{{7, {0.3, 0, 90}}, {2, {0, 0.3, 0}}, {11, {-1, 0, 45}}};
+  World together;
+  World oneByOne;
+  for (World* world : {&together, &oneByOne}) {
+    world->addRobot(4, {1, 1, 0});
+    run(*world, 10);
+  }
+  together.addRobots(arrivals);
+  for (const auto& [slot, pose] : arrivals) oneByOne.addRobot(slot, pose);
+  for (World* world : {&together, &oneByOne}) {
+    std::mt19937 random(7);
+    flail(*world, {2, 4, 7, 11}, random, 7);
+    run(*world, 30);
+  }
+  for (const int slot : {2, 4, 7, 11}) {
+    EXPECT_TRUE(sameBits(together.robot(slot), oneByOne.robot(slot))) << slot;
+  }
+}
+
+TEST(Robots, OfSeveralAtOnceNoneComesIfOneCant) {
+  World world;
+  world.addRobot(4, {1, 1, 0});
+  EXPECT_THROW(world.addRobots({{1, {}}, {4, {}}}), std::invalid_argument);
+  EXPECT_THROW(world.addRobots({{1, {}}, {1, {3, 0, 0}}}), std::invalid_argument);
+  EXPECT_THROW(world.addRobots({{1, {}}, {2, {std::nan(""), 0, 0}}}), std::invalid_argument);
+  world.addRobots({});
+  for (const int slot : {1, 2}) EXPECT_FALSE(world.hasRobot(slot)) << slot;
+  EXPECT_TRUE(world.hasRobot(4));
 }
 
 TEST(Robots, EmptySlotsAreRefusedExceptForRemoval) {
