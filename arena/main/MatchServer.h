@@ -17,8 +17,8 @@
 
 #include "arena/link/Hub.h"
 #include "arena/main/CycleClock.h"
-#include "arena/main/Match.h"
 #include "arena/main/PaceReport.h"
+#include "arena/match/Match.h"
 
 namespace arena {
 

@@ -5,7 +5,7 @@
 #include <fstream>
 #include <string>
 
-#include "arena/main/Summary.h"
+#include "arena/match/Summary.h"
 
 namespace arena {
 

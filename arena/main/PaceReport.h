@@ -7,7 +7,7 @@
 #include <chrono>
 #include <string>
 
-#include "arena/main/CycleTimes.h"
+#include "arena/match/CycleTimes.h"
 
 namespace arena {
 

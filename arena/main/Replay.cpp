@@ -6,9 +6,9 @@
 
 #include "arena/main/OutputFile.h"
 #include "arena/main/RecordFile.h"
-#include "arena/main/Statistics.h"
 #include "arena/main/StopSignals.h"
 #include "arena/main/Watching.h"
+#include "arena/match/Statistics.h"
 
 namespace arena {
 

@@ -60,7 +60,7 @@ MissingValueIsNamedInOneLine() {
 
 ValueThatIsNoNumberIsNamedInOneLine() {
   for value in -3 nan 1e 5s; do
-    run "$root/play" --seconds "$value"
+    run "$root/play" --half-seconds "$value"
     expect_status 2
     expect_one_error "'$value'"
   done

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "arena/main/Match.h"
+#include "arena/match/Match.h"
 
 namespace arena::test {
 

@@ -7,7 +7,7 @@
 #include <map>
 #include <optional>
 
-#include "arena/main/BallPlay.h"
+#include "arena/match/BallPlay.h"
 #include "arena/record/CycleRecord.h"
 #include "viewer/picture/Drawing.h"
 

@@ -15,10 +15,10 @@
 #include <vector>
 
 #include "arena/link/Intake.h"
-#include "arena/main/CycleTimes.h"
-#include "arena/main/Posture.h"
-#include "arena/main/Statistics.h"
-#include "arena/main/Summary.h"
+#include "arena/match/CycleTimes.h"
+#include "arena/match/Posture.h"
+#include "arena/match/Statistics.h"
+#include "arena/match/Summary.h"
 #include "arena/record/CycleRecord.h"
 #include "arena/referee/Referee.h"
 #include "arena/referee/Roster.h"

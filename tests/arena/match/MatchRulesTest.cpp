@@ -7,7 +7,7 @@
 #include <cmath>
 #include <random>
 
-#include "tests/arena/main/Stage.h"
+#include "tests/arena/match/Stage.h"
 
 namespace arena {
 namespace {

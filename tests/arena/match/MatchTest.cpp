@@ -1,8 +1,8 @@
-#include "arena/main/Match.h"
+#include "arena/match/Match.h"
 
 #include <gtest/gtest.h>
 
-#include "tests/arena/main/Stage.h"
+#include "tests/arena/match/Stage.h"
 
 namespace arena {
 namespace {

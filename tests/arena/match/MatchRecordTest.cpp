@@ -8,7 +8,7 @@
 #include "arena/record/RecordEncoder.h"
 #include "arena/record/RecordReader.h"
 #include "arena/record/Recordable.h"
-#include "tests/arena/main/Stage.h"
+#include "tests/arena/match/Stage.h"
 
 namespace arena {
 namespace {

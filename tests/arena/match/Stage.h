@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "arena/link/Effectors.h"
-#include "arena/main/Match.h"
+#include "arena/match/Match.h"
 
 namespace arena::test {
 

@@ -1,4 +1,4 @@
-#include "arena/main/Summary.h"
+#include "arena/match/Summary.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@
 #include <string>
 
 #include "arena/record/Event.h"
-#include "tests/arena/main/Schema.h"
+#include "tests/arena/match/Schema.h"
 
 namespace arena {
 namespace {

@@ -1,4 +1,4 @@
-#include "arena/main/Room.h"
+#include "arena/match/Room.h"
 
 #include <gtest/gtest.h>
 

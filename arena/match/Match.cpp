@@ -1,4 +1,4 @@
-#include "arena/main/Match.h"
+#include "arena/match/Match.h"
 
 #include <algorithm>
 #include <cmath>
@@ -6,10 +6,10 @@
 #include <utility>
 #include <variant>
 
-#include "arena/main/Beams.h"
-#include "arena/main/Commentary.h"
-#include "arena/main/Places.h"
-#include "arena/main/Room.h"
+#include "arena/match/Beams.h"
+#include "arena/match/Commentary.h"
+#include "arena/match/Places.h"
+#include "arena/match/Room.h"
 #include "arena/model/FieldTable.h"
 #include "arena/record/Attitude.h"
 #include "arena/record/Recordable.h"

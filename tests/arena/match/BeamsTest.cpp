@@ -1,4 +1,4 @@
-#include "arena/main/Beams.h"
+#include "arena/match/Beams.h"
 
 #include <gtest/gtest.h>
 

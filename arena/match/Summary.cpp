@@ -1,4 +1,4 @@
-#include "arena/main/Summary.h"
+#include "arena/match/Summary.h"
 
 #include <cmath>
 #include <nlohmann/json.hpp>

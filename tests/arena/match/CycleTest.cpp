@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/arena/main/Stage.h"
+#include "tests/arena/match/Stage.h"
 
 namespace arena {
 namespace {

@@ -1,4 +1,4 @@
-#include "arena/main/Statistics.h"
+#include "arena/match/Statistics.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "arena/main/Posture.h"
+#include "arena/match/Posture.h"
 
 #include <algorithm>
 #include <cmath>

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "arena/main/Places.h"
+#include "arena/match/Places.h"
 #include "arena/referee/PlayMode.h"
 #include "arena/referee/Side.h"
 

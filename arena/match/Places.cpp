@@ -1,4 +1,4 @@
-#include "arena/main/Places.h"
+#include "arena/match/Places.h"
 
 #include <cmath>
 #include <numbers>

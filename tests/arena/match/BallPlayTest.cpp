@@ -1,4 +1,4 @@
-#include "arena/main/BallPlay.h"
+#include "arena/match/BallPlay.h"
 
 #include <gtest/gtest.h>
 

@@ -9,9 +9,9 @@
 #include <map>
 #include <vector>
 
-#include "arena/main/BallPlay.h"
-#include "arena/main/Summary.h"
-#include "arena/main/Walk.h"
+#include "arena/match/BallPlay.h"
+#include "arena/match/Summary.h"
+#include "arena/match/Walk.h"
 #include "arena/record/CycleRecord.h"
 
 namespace arena {

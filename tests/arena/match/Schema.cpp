@@ -1,4 +1,4 @@
-#include "tests/arena/main/Schema.h"
+#include "tests/arena/match/Schema.h"
 
 #include <algorithm>
 #include <nlohmann/json.hpp>

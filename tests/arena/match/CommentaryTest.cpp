@@ -1,4 +1,4 @@
-#include "arena/main/Commentary.h"
+#include "arena/match/Commentary.h"
 
 #include <gtest/gtest.h>
 
