@@ -11,18 +11,22 @@ namespace {
 
 using Mask = std::array<bool, kScriptJointCount>;
 
-struct Named20 {
+struct NamedAngles {
   Posture posture{};
   Mask named{};
 };
 
-void setAngle(Named20& target, std::size_t row, double degrees) {
+void setAngle(NamedAngles& target, std::size_t row, double degrees) {
   target.posture[row] = degrees;
   target.named[row] = true;
 }
 
+ParameterError unknownJoint(const std::string& name, const std::string& where) {
+  return ParameterError(where + ": no script moves a joint \"" + name + "\"");
+}
+
 /// Adds the angles of OBJECT to TARGET.
-void readAngles(const Json& object, Named20& target, const std::string& where) {
+void readAngles(const Json& object, NamedAngles& target, const std::string& where) {
   if (!object.is_object()) throw ParameterError(where + ": must be an object");
   for (const auto& [name, value] : object.items()) {
     const double degrees = numberIn(object, name, where);
@@ -35,7 +39,7 @@ void readAngles(const Json& object, Named20& target, const std::string& where) {
       const ScriptJoint& joint = kScriptJoints[left];
       setAngle(target, joint.partner, joint.mirrorNegates ? -degrees : degrees);
     } else {
-      throw ParameterError(where + ": no script moves a joint \"" + name + "\"");
+      throw unknownJoint(name, where);
     }
   }
 }
@@ -64,7 +68,7 @@ Scripts posesFrom(const Json& file, const Posture& standing, const std::string& 
     requireKeys(entry,
                 std::array<std::string_view, 5>{"file", "mirror", "seconds", "base", "degrees"},
                 inside);
-    Named20 pose;
+    NamedAngles pose;
     if (entry.contains("base")) {
       if (textIn(entry, "base", inside) != "standing") {
         throw ParameterError(inside + ": \"base\" must be \"standing\"");
@@ -91,7 +95,7 @@ Scripts keyframesFrom(const Json& file, const Posture& standing, const std::stri
     requireKeys(entry, std::array<std::string_view, 2>{"blocks", "degrees"}, inside);
     const int blocks = wholeNumberIn(entry, "blocks", inside);
     const Posture from = path.back();
-    Named20 target{from, {}};
+    NamedAngles target{from, {}};
     readAngles(objectIn(entry, "degrees", inside), target, inside + "/degrees");
     for (int k = 1; k <= blocks; ++k) {
       const double share = (1 - std::cos(std::numbers::pi * k / blocks)) / 2;

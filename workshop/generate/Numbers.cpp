@@ -14,6 +14,10 @@ const Json& valueIn(const Json& object, std::string_view name, const std::string
   return *found;
 }
 
+ParameterError unknownName(const std::string& name, const std::string& where) {
+  return ParameterError(where + ": unknown name \"" + name + "\"");
+}
+
 }  // namespace
 
 void requireKeys(const Json& object, std::span<const std::string_view> known,
@@ -21,7 +25,7 @@ void requireKeys(const Json& object, std::span<const std::string_view> known,
   if (!object.is_object()) throw ParameterError(where + ": must be an object");
   for (const auto& [key, value] : object.items()) {
     if (std::find(known.begin(), known.end(), key) == known.end()) {
-      throw ParameterError(where + ": unknown name \"" + key + "\"");
+      throw unknownName(key, where);
     }
   }
 }

@@ -18,6 +18,10 @@ const Json& descriptionCalled(const Descriptions& descriptions, const std::strin
   return found->second;
 }
 
+ParameterError madeTwice(const std::string& name, const std::string& script) {
+  return ParameterError(name + ": " + script + " is made by two descriptions");
+}
+
 std::string between(const std::vector<Posture>& path, int from, int to) {
   return actionScript(targetsThrough({path.begin() + from, path.begin() + to + 1}));
 }
@@ -93,7 +97,7 @@ Scripts allScripts(const Descriptions& descriptions) {
   for (const auto& [name, file] : descriptions) {
     for (auto& [script, text] : scriptsOf(descriptions, name)) {
       if (!all.emplace(script, std::move(text)).second) {
-        throw ParameterError(name + ": " + script + " is made by two descriptions");
+        throw madeTwice(name, script);
       }
     }
   }

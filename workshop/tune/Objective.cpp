@@ -15,14 +15,13 @@ double optionalNumber(const Json& object, const char* name, double otherwise,
   return object.contains(name) ? numberIn(object, name, where) : otherwise;
 }
 
-/// Speed up to AIM, straight on, without a fall, and steady. Every third world has the walk cut off
-/// by a pose at the loop's end, every third ends it by its own last script, every third by a shot
-/// out of the walk, which freezes it where it is.
-Objective walkObjective(const Json& spec, const std::string& where) {
-  requireKeys(spec, std::array<std::string_view, 4>{"motion", "loops", "aim", "drift"}, where);
-  const int loops = wholeNumberIn(spec, "loops", where);
-  const double aim = numberIn(spec, "aim", where);
-  const double driftWeight = optionalNumber(spec, "drift", 0.015, where);
+/// Speed up to AIM, straight on, without a fall, and steady. Every third world ends the walk by its
+/// own last script; the others by the initial pose out of the loop's end, as play mostly does.
+Objective walkObjective(const Json& wanted, const std::string& where) {
+  requireKeys(wanted, std::array<std::string_view, 4>{"motion", "loops", "aim", "drift"}, where);
+  const int loops = wholeNumberIn(wanted, "loops", where);
+  const double aim = numberIn(wanted, "aim", where);
+  const double driftWeight = optionalNumber(wanted, "drift", 0.015, where);
   Objective objective;
   objective.jobs = [loops](const std::filesystem::path& scripts, std::optional<std::uint64_t> seed,
                            int index) {
@@ -46,17 +45,17 @@ Objective walkObjective(const Json& spec, const std::string& where) {
 }
 
 /// A script that is to end a given way off, turned by so much.
-Objective scriptObjective(const Json& spec, const std::string& where) {
-  requireKeys(spec,
+Objective scriptObjective(const Json& wanted, const std::string& where) {
+  requireKeys(wanted,
               std::array<std::string_view, 7>{"motion", "action", "turnDeg", "forward", "left",
                                               "seconds", "forwardWeight"},
               where);
-  const std::string action = textIn(spec, "action", where);
-  const double turn = numberIn(spec, "turnDeg", where);
-  const double forward = numberIn(spec, "forward", where);
-  const double left = numberIn(spec, "left", where);
-  const double seconds = optionalNumber(spec, "seconds", 0.02, where);
-  const double forwardWeight = optionalNumber(spec, "forwardWeight", 1.0, where);
+  const std::string action = textIn(wanted, "action", where);
+  const double turn = numberIn(wanted, "turnDeg", where);
+  const double forward = numberIn(wanted, "forward", where);
+  const double left = numberIn(wanted, "left", where);
+  const double seconds = optionalNumber(wanted, "seconds", 0.02, where);
+  const double forwardWeight = optionalNumber(wanted, "forwardWeight", 1.0, where);
   Objective objective;
   objective.jobs = [action](const std::filesystem::path& scripts, std::optional<std::uint64_t> seed,
                             int) {
@@ -85,12 +84,12 @@ Objective scriptObjective(const Json& spec, const std::string& where) {
 }  // namespace
 
 Objective objectiveOf(const Json& description, const std::string& where) {
-  const Json& spec = objectIn(description, "objective", where);
+  const Json& wanted = objectIn(description, "objective", where);
   const std::string inside = where + "/objective";
-  const std::string motion = textIn(spec, "motion", inside);
-  if (motion == "walk") return walkObjective(spec, inside);
-  if (motion == "script") return scriptObjective(spec, inside);
-  if (auto ground = groundObjective(motion, spec, inside)) return *ground;
+  const std::string motion = textIn(wanted, "motion", inside);
+  if (motion == "walk") return walkObjective(wanted, inside);
+  if (motion == "script") return scriptObjective(wanted, inside);
+  if (auto ground = groundObjective(motion, wanted, inside)) return *ground;
   throw ParameterError(inside + ": unknown motion \"" + motion + "\"");
 }
 

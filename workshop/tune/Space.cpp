@@ -13,6 +13,10 @@ double rounded(double value) {
   return std::round(value * scale) / scale;
 }
 
+ParameterError wrong(const std::string& pointer, const std::string& where, const char* what) {
+  return ParameterError(where + "/tune/" + pointer + ": " + what);
+}
+
 }  // namespace
 
 Space spaceOf(const Json& description, const std::string& where) {
@@ -22,14 +26,13 @@ Space spaceOf(const Json& description, const std::string& where) {
   }
   Space space;
   for (const auto& [pointer, bounds] : object.items()) {
-    const std::string inside = where + "/tune/" + pointer;
     const bool pair = bounds.is_array() && bounds.size() == 2 && bounds[0].is_number() &&
                       bounds[1].is_number() && bounds[0] < bounds[1];
-    if (!pair) throw ParameterError(inside + ": must be a lower and an upper bound");
+    if (!pair) throw wrong(pointer, where, "must be a lower and an upper bound");
     if (pointer.empty() || pointer.front() != '/' ||
         !description.contains(Json::json_pointer(pointer)) ||
         !description.at(Json::json_pointer(pointer)).is_number()) {
-      throw ParameterError(inside + ": no such number");
+      throw wrong(pointer, where, "no such number");
     }
     space.push_back({pointer, bounds[0].get<double>(), bounds[1].get<double>()});
   }
