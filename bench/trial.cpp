@@ -55,6 +55,7 @@ int main(int argc, char** argv) {
   std::printf("compiler %s; times real time by processor time, of %d runs\n%-24s%8s%8s%8s\n",
               __VERSION__, kRuns, "", "min", "p50", "max");
   std::vector<double> bare;
+  bare.reserve(kRuns);
   for (int i = 0; i < kRuns; ++i) bare.push_back(bareWorld());
   std::sort(bare.begin(), bare.end());
   std::printf("%-24s%8.0f%8.0f%8.0f\n", "bare world, standing", bare.front(), bare[kRuns / 2],

@@ -49,10 +49,11 @@ CLI::Validator zeroOrAtLeast(double lowest) {
 }
 
 /// The page is on this machine's loopback whatever the players' link listens on.
-void addViewPort(CLI::App& app, ViewOptions& view) {
-  app.add_option("--view-port", view.port,
-                 "port of the page to watch on; 0: any; not given: " +
-                     std::to_string(view::kUsualViewPort) + ", or any if taken")
+CLI::Option* addViewPort(CLI::App& app, ViewOptions& view) {
+  return app
+      .add_option("--view-port", view.port,
+                  "port of the page to watch on; 0: any; not given: " +
+                      std::to_string(view::kUsualViewPort) + ", or any if taken")
       ->check(CLI::Range(0, 65535));
 }
 
@@ -129,8 +130,9 @@ Request readOptions(const std::vector<std::string>& arguments) {
       ->required()->option_text(" ");
   replayCommand->add_option("--summary", replay.summaryFile, "file for the summary as JSON")
       ->option_text("FILE");
-  replayCommand->add_flag("--view", replay.view.on, "serves the page to watch it on, until Ctrl-C");
-  addViewPort(*replayCommand, replay.view);
+  CLI::Option* const watch = replayCommand->add_flag(
+      "--view", replay.view.on, "serves the page to watch it on, until Ctrl-C");
+  addViewPort(*replayCommand, replay.view)->needs(watch);
   CLI::App* const pictureCommand =
       app.add_subcommand("picture", "draws a recorded match from above, as SVG");
   pictureCommand->add_option("FILE", picture.recordFile, "the match record")

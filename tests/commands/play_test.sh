@@ -268,12 +268,12 @@ EOF
 
 PlayerThatEndsAfterTheMatchIsNoNews() {
   stand_ins <<'EOF'
-echo "12.00 s  the match is over"
+echo "11.00 s  play mode GameOver"
 until (($(grep -l gone "$LOGS"/*.log | wc -l) == 6)); do sleep 0.05; done 2>/dev/null
 echo "a summary"
 EOF
   stand_in pitchagent <<'EOF'
-until grep -q 'is over' "$OUT"; do sleep 0.05; done
+until grep -q 'GameOver' "$OUT"; do sleep 0.05; done
 echo gone
 exit 4
 EOF

@@ -197,6 +197,37 @@ TEST(Browser, ScreenshotShowsTheMatchFromEveryCamera) {
   for (const std::string& picture : pictures) expectAPicture(browser.pixelsOf(picture));
 }
 
+TEST(Browser, EveryCameraHasAButtonAndTheOneForTheBallKeepsItInTheMiddle) {
+  LiveMatch match;
+  Browser browser;
+  browser.open(match.address());
+  waitForPicture(browser);
+  waitForPlay(browser);
+  for (const std::string name : {"side", "player", "orbit", "ball"}) {
+    browser.click("[data-camera=" + name + "]");
+    browser.waitFor("pitch.state.camera === '" + name + "'");
+  }
+  match.roll();
+  browser.waitFor("pitch.ball.position.x > 1");
+  browser.waitFor("pitch.rig.target.distanceTo(pitch.ball.position) < 0.05");
+  EXPECT_GT(browser.eval("pitch.rig.target.x").get<double>(), 0.0);
+}
+
+// By hand: frames at 0 and 20 ms, so half of the way has passed at 30 ms.
+TEST(Browser, PictureGlidesBetweenTwoFrames) {
+  LiveMatch match;
+  Browser browser;
+  browser.open(match.address());
+  waitForPicture(browser);
+  const json shares = browser.eval(
+      "(() => { const motion = new pitch.motion.constructor();"
+      "  motion.push({ cycle: 7 }, 0); motion.push({ cycle: 8 }, 20);"
+      "  const shares = [20, 30, 40, 90].map((now) => motion.at(now).share);"
+      "  motion.push({ cycle: 500 }, 40);"  // a jump in time: shown at once
+      "  return [...shares, motion.at(40).share]; })()");
+  EXPECT_EQ(shares, (json{0, 0.5, 1, 1, 1}));
+}
+
 TEST(Browser, TwelveRobotsAreDrawnEachWithAllItsJoints) {
   LiveMatch match;
   Browser browser;
@@ -298,10 +329,51 @@ TEST(Browser, EveryControlIsReachedByKeyboardAndHasAName) {
   EXPECT_EQ(browser.eval("[...document.querySelectorAll('button, select, input, canvas')]"
                          ".filter((one) => one.tabIndex < 0).length"),
             0);
+  browser.eval("document.getElementById('place').focus()");
+  browser.press(" ");  // the slider leaves the space bar to the page
+  browser.waitFor("pitch.state.pace === 'paused'");
   browser.press("h");
   browser.waitFor("document.getElementById('help').open");
   browser.click("#help-close");
   browser.waitFor("!document.getElementById('help').open");
+}
+
+// The ratio of luminances that accessibility guidelines ask of text, 4.5, with what lies behind a
+// panel at its worst: white.
+TEST(Browser, EveryTextHasAReadableContrast) {
+  LiveMatch match;
+  Browser browser;
+  browser.open(match.address());
+  waitForPicture(browser);
+  waitForPlay(browser);
+  browser.press("m");
+  browser.waitFor("document.getElementById('mind-rows').children.length > 2");
+  const json poor = browser.eval(R"((() => {
+      const parts = (colour) => {
+        const [r, g, b, a = 1] = colour.match(/[\d.]+/g).map(Number);
+        return [r, g, b, a];
+      };
+      const over = (top, below) => below.map((part, i) => part + (top[i] - part) * top[3]);
+      const behind = (one) => {
+        const below = one.parentElement ? behind(one.parentElement) : [255, 255, 255];
+        return over(parts(getComputedStyle(one).backgroundColor), below);
+      };
+      const luminance = (rgb) => rgb
+        .map((part) => part / 255)
+        .map((part) => (part <= 0.03928 ? part / 12.92 : ((part + 0.055) / 1.055) ** 2.4))
+        .reduce((sum, part, i) => sum + part * [0.2126, 0.7152, 0.0722][i], 0);
+      // What a panel lies on is the scene, not the page's dark ground.
+      document.documentElement.style.background = document.body.style.background = 'transparent';
+      const own = (one) => [...one.childNodes].some((node) => node.nodeType === 3 && node.data.trim());
+      const texts = [...document.querySelectorAll('.panel *, dialog *')].filter(own);
+      const ratios = texts.map((one) => {
+        const [a, b] = [parts(getComputedStyle(one).color).slice(0, 3), behind(one)].map(luminance);
+        return [one.textContent, (Math.max(a, b) + 0.05) / (Math.min(a, b) + 0.05)];
+      });
+      return { count: ratios.length, poor: ratios.filter(([, ratio]) => ratio < 4.5) };
+    })())");
+  EXPECT_GT(poor.at("count").get<int>(), 40);
+  EXPECT_EQ(poor.at("poor"), json::array());
 }
 
 TEST(Browser, SaysPlainlyThatThreeIsMissing) {

@@ -2,7 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include <boost/asio/error.hpp>
+#include <boost/asio/io_context.hpp>
+#include <boost/asio/ip/tcp.hpp>
+#include <boost/asio/write.hpp>
+#include <chrono>
+#include <memory>
+#include <string>
 #include <thread>
+#include <vector>
 
 #include "tests/support/TempDir.h"
 #include "tests/viewer/StagedMatch.h"
@@ -27,6 +35,15 @@ Timeline recordOf(long cycles) {
   Timeline timeline;
   while (match.last().cycle < cycles) timeline.add(match.advance());
   return timeline;
+}
+
+/// What a connection to that place ends with; no error: somebody listens there.
+boost::system::error_code connects(const char* address, std::uint16_t port) {
+  boost::asio::io_context io{1};
+  boost::asio::ip::tcp::socket socket(io);
+  boost::system::error_code error;
+  socket.connect({boost::asio::ip::make_address(address), port}, error);
+  return error;
 }
 
 // ---- the door
@@ -84,9 +101,12 @@ TEST(ViewerDoor, AnswersOnlyGetAndHead) {
   EXPECT_TRUE(head.body.empty());
 }
 
-TEST(ViewerDoor, ListensOnLoopbackAlone) {
+TEST(ViewerDoor, ListensOnOneLoopbackAddressAlone) {
   const Viewer viewer(anyPort());
   EXPECT_EQ(viewer.address(), "http://127.0.0.1:" + std::to_string(viewer.port()) + "/");
+  EXPECT_FALSE(connects("127.0.0.1", viewer.port()));
+  // Another address of this machine: whoever listens on all of them answers there too.
+  EXPECT_EQ(connects("127.0.0.2", viewer.port()), boost::asio::error::connection_refused);
   ViewSettings same;
   same.port = viewer.port();
   EXPECT_THROW(Viewer{same}, ViewError);
@@ -99,6 +119,23 @@ TEST(ViewerDoor, SaysWhatIsMissing) {
   ASSERT_TRUE(viewer.fault());
   EXPECT_NE(viewer.fault()->find("libjs-three"), std::string::npos);
   EXPECT_EQ(fetch(viewer.port(), "/three.module.js").status, 404);
+}
+
+TEST(ViewerDoor, HeaderThatIsTooLongEndsItsConnection) {
+  const Viewer viewer(anyPort());
+  EXPECT_EQ(fetch(viewer.port(), "/", {{"X-Long", std::string(4000, 'x')}}).status, 200);
+  EXPECT_THROW(fetch(viewer.port(), "/", {{"X-Long", std::string(9000, 'x')}}),
+               boost::system::system_error);
+  EXPECT_EQ(fetch(viewer.port(), "/").status, 200);
+}
+
+TEST(ViewerDoor, PeerThatNeverEndsItsRequestHoldsUpNobody) {
+  const Viewer viewer(anyPort());
+  boost::asio::io_context io{1};
+  boost::asio::ip::tcp::socket peer(io);
+  peer.connect({boost::asio::ip::address_v4::loopback(), viewer.port()});
+  boost::asio::write(peer, boost::asio::buffer(std::string("GET / HTTP/1.1\r\nHost: ")));
+  EXPECT_EQ(fetch(viewer.port(), "/").status, 200);
 }
 
 // ---- the stream
@@ -196,6 +233,57 @@ TEST(ViewerStream, NonsenseFromAPageChangesNothing) {
   page.send({{"do", "seek"}, {"cycle", "x"}});
   page.send({{"do", "minds"}, {"slots", {99}}});
   page.readUntil([&] { return page.frame().cycle == 60; });
+}
+
+TEST(ViewerStream, RequestThatIsTooLongEndsThatPageAlone) {
+  const Viewer viewer(anyPort(), recordOf(60));
+  WatchClient greedy(viewer.port());
+  WatchClient other(viewer.port());
+  greedy.send({{"do", std::string(2000, 'x')}});
+  const auto readOn = [&greedy] {
+    while (greedy.frame().cycle < 60) greedy.read();
+  };
+  EXPECT_THROW(readOn(), boost::system::system_error);
+  other.readUntil([&] { return other.frame().cycle == 60; });
+}
+
+TEST(ViewerStream, PagesBeyondTheMostAreTurnedAway) {
+  Viewer viewer(anyPort());
+  std::vector<std::unique_ptr<WatchClient>> pages;
+  while (pages.size() < kMostPages) pages.push_back(std::make_unique<WatchClient>(viewer.port()));
+  EXPECT_THROW(WatchClient{viewer.port()}, boost::system::system_error);
+  StagedMatch match;
+  viewer.show(match.advance());
+  for (const auto& page : pages) page->readUntil([&] { return page->frame().cycle == 1; });
+
+  // Who leaves makes room, as soon as the viewer has noticed.
+  pages.pop_back();
+  const auto deadline = std::chrono::steady_clock::now() + test::kPatience;
+  bool letIn = false;
+  while (!letIn && std::chrono::steady_clock::now() < deadline) {
+    try {
+      const WatchClient next(viewer.port());
+      letIn = true;
+    } catch (const boost::system::system_error&) {
+      std::this_thread::yield();
+    }
+  }
+  EXPECT_TRUE(letIn);
+}
+
+// At four times the speed there are 200 cycles a second to show, and all minds are asked for.
+TEST(ViewerStream, PageGetsLessThanAHundredKilobytesASecond) {
+  const Viewer viewer(anyPort(), recordOf(400));
+  WatchClient page(viewer.port());
+  page.send({{"do", "speed"}, {"value", 4}});
+  page.send({{"do", "minds"}, {"slots", {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}}});
+  page.readUntil([&] { return page.frames() >= 1; });
+  const auto start = std::chrono::steady_clock::now();
+  const std::size_t before = page.bytes();
+  page.readUntil([&] { return page.frame().cycle == 400; });
+  const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
+  EXPECT_TRUE(page.last("mind").is_object());
+  EXPECT_LT(static_cast<double>(page.bytes() - before) / took.count(), 100'000);
 }
 
 TEST(ViewerStream, PagesComeAndGo) {

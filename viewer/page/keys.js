@@ -32,7 +32,8 @@ const KEYS = [
 
 // A control that has the focus keeps the keys that are its own.
 function belongsTo(target, key) {
-  if (/^(INPUT|SELECT|TEXTAREA)$/.test(target.tagName)) return key.startsWith('Arrow') || key === ' ';
+  if (target.tagName === 'INPUT') return key.startsWith('Arrow'); // the slider has no use for the space bar
+  if (target.tagName === 'SELECT') return key.startsWith('Arrow') || key === ' ';
   return target.tagName === 'BUTTON' && (key === ' ' || key === 'Enter');
 }
 

@@ -32,9 +32,9 @@ TraceLogs::~TraceLogs() {
 void TraceLogs::open(Log& log, const Shirt& shirt) const {
   const std::string ending = "-" + std::to_string(shirt.number) + ".log";
   const std::string side(nameOf(shirt.side));
-  log.file = ::open((folder_ + "/" + side + ending).c_str(), O_RDONLY | O_CLOEXEC);
+  log.file = ::open((folder_ + "/" + side + ending).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
   if (log.file < 0 && shirt.side == Side::kLeft) {
-    log.file = ::open((folder_ + "/player" + ending).c_str(), O_RDONLY | O_CLOEXEC);
+    log.file = ::open((folder_ + "/player" + ending).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
   }
 }
 

@@ -113,13 +113,14 @@ struct Viewer::Impl {
   }
 
   void tick() {
-    takeRecords();
+    // First: should anything below throw, the other pages go on with the next tick.
     const auto now = std::chrono::steady_clock::now();
-    for (const auto& page : pages) page->tick(now);
-    std::erase_if(pages, [](const auto& page) { return page->isGone(); });
     nextTick = std::max(nextTick + kTick, now);
     timer.expires_at(nextTick);
     timer.async_wait([this](error_code) { tick(); });
+    takeRecords();
+    for (const auto& page : pages) page->tick(now);
+    std::erase_if(pages, [](const auto& page) { return page->isGone(); });
   }
 
   void takeRecords() {

@@ -18,6 +18,7 @@ namespace workshop {
 namespace {
 
 constexpr double kCycleSeconds = 0.02;
+constexpr double kBlockSeconds = 0.04;  ///< of an action, whatever number its end bears
 constexpr double kRadPerDeg = 3.14159265358979323846 / 180.0;
 constexpr int kGoalkeeper = 1;  ///< its head doesn't move
 
@@ -67,6 +68,9 @@ class Reading {
         named_.clear();
         if (kind_ == ScriptKind::kPose && !(pair.number >= kCycleSeconds)) {
           note(pair.line, "a pose of " + shortened(pair.number) + " s doesn't move");
+        }
+        if (kind_ == ScriptKind::kAction && pair.readable && pair.number != kBlockSeconds) {
+          note(pair.line, "a block of " + shortened(pair.number) + " s: all last 0.04 s");
         }
         break;
       case Meaning::Role::kJoint:

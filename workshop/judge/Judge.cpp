@@ -4,6 +4,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include "workshop/trial/Seeds.h"
+
 namespace workshop {
 namespace {
 

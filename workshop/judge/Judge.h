@@ -3,6 +3,7 @@
 /// Runs the acceptance table over a folder of scripts, on all cores. `pitchmotion judge` and the
 /// test of the shipped scripts call it.
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -11,9 +12,6 @@
 #include "workshop/trial/Trials.h"
 
 namespace workshop {
-
-/// Seeds from here on are for tuning: what was tuned in a world isn't judged in it.
-inline constexpr std::uint64_t kFirstTuningSeed = 1'000'000;
 
 struct JudgeSettings {
   std::filesystem::path scripts = "scripts";

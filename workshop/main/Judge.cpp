@@ -7,6 +7,7 @@
 #include "workshop/judge/Report.h"
 #include "workshop/main/Commands.h"
 #include "workshop/main/ProgressBar.h"
+#include "workshop/trial/Seeds.h"
 
 namespace workshop {
 namespace {

@@ -52,8 +52,6 @@ class Trial {
         dice_(odd_.noiseSeed) {
     world_.setBall(kFarAway);
     placeRobot();
-    const int length = program_.expectedCycles();
-    pushAt_ = odd_.pushImpulse > 0 ? static_cast<int>(odd_.pushMoment * length) : -1;
   }
 
   TrialResult run() {
@@ -87,7 +85,9 @@ class Trial {
     world_.addRobot(kSlot, kStartPose);
     std::array<double, arena::kJointCount> angles{};
     if (isLying(job_.start)) angles = jointsOfPose(player_.agent(), kInitialPose);
-    for (std::size_t j = 0; j < angles.size(); ++j) angles[j] += odd_.startOffsetDeg[j];
+    if (job_.start != Start::kReady) {
+      for (std::size_t j = 0; j < angles.size(); ++j) angles[j] += odd_.startOffsetDeg[j];
+    }
     angles[arena::rowOfPerceptor("hj1")] = job_.scanHead ? player_.skipScan(odd_.headPhase) : 0.0;
     for (std::size_t j = 0; j < angles.size(); ++j) {
       angles[j] = std::clamp(angles[j], arena::kJoints[j].lowDeg, arena::kJoints[j].highDeg);
@@ -100,12 +100,35 @@ class Trial {
   void cycle(std::vector<Sample>& series) {
     const bool mayDecide = player_.cycle(message());
     program_.afterCycle(player_.agent(), mayDecide);
-    if (!ballPlaced_ && program_.current() >= firstStep_) placeBall();
+    if (!begun_ && program_.current() >= firstStep_) begin();
     act();
     if (age_ == pushAt_) push();
     world_.advance();
     ++age_;
     series.push_back(sample(series.empty() ? nullptr : &series.back()));
+  }
+
+  /// The motion itself begins: what came before only brought the robot into its pose. The ball is
+  /// put there, and the push is to come while the motion runs.
+  void begin() {
+    begun_ = true;
+    if (job_.start == Start::kReady) disturbPose();
+    if (job_.ball) placeBall(*job_.ball);
+    if (odd_.pushImpulse > 0) {
+      pushAt_ = age_ + static_cast<int>(odd_.pushMoment * (program_.expectedCycles() - age_));
+    }
+  }
+
+  /// The initial pose drives every joint to its place exactly, so offsets from before it would be
+  /// gone by now. The head keeps to its scan.
+  void disturbPose() {
+    std::array<double, arena::kJointCount> angles = world_.robot(kSlot).jointAngleDeg;
+    for (std::size_t j = 0; j < angles.size(); ++j) {
+      const arena::JointRow& joint = arena::kJoints[j];
+      if (joint.perceptor == "hj1" || joint.perceptor == "hj2") continue;
+      angles[j] = std::clamp(angles[j] + odd_.startOffsetDeg[j], joint.lowDeg, joint.highDeg);
+    }
+    world_.setJointAngles(kSlot, angles);
   }
 
   std::string message() {
@@ -154,9 +177,7 @@ class Trial {
         kSlot, {odd_.pushImpulse * std::cos(direction), odd_.pushImpulse * std::sin(direction), 0});
   }
 
-  void placeBall() {
-    ballPlaced_ = true;
-    if (!job_.ball) return;
+  void placeBall(const BallPlace& ball) {
     const arena::RobotState robot = world_.robot(kSlot);
     const double heading = headingOf(robot.torso);
     const auto ahead = [&](const arena::Vec3& point) {
@@ -165,9 +186,9 @@ class Trial {
     };
     const double toes =
         std::max(ahead(robot.leftFootPosition), ahead(robot.rightFootPosition)) + kToeAhead;
-    const double forward = job_.ball->ahead + odd_.ballShiftAhead * job_.ball->aheadSpread +
-                           (job_.ball->beforeToes ? toes : 0.0);
-    const double right = job_.ball->right + odd_.ballShiftRight * job_.ball->rightSpread;
+    const double forward =
+        ball.ahead + odd_.ballShiftAhead * ball.aheadSpread + (ball.beforeToes ? toes : 0.0);
+    const double right = ball.right + odd_.ballShiftRight * ball.rightSpread;
     world_.setBall(
         {robot.torso.position[0] + forward * std::cos(heading) + right * std::sin(heading),
          robot.torso.position[1] + forward * std::sin(heading) - right * std::cos(heading),
@@ -217,7 +238,7 @@ class Trial {
   int age_ = 0;  ///< [cycles]
   int pushAt_ = -1;
   bool wasLate_ = false;
-  bool ballPlaced_ = false;
+  bool begun_ = false;
   std::array<std::optional<double>, arena::kJointCount> waiting_{};  ///< [rad/s]
   std::array<double, arena::kJointCount> speeds_{};                  ///< [rad/s] in force
 };

@@ -4,13 +4,12 @@
 #include <numeric>
 #include <utility>
 
+#include "workshop/trial/Seeds.h"
 #include "workshop/trial/Trials.h"
 
 namespace workshop {
 namespace {
 
-/// Runs of different seeds share no world.
-constexpr std::uint64_t kSeedsPerRun = 1000;
 /// Played first; a motion that falls in one of them isn't tried in the others.
 constexpr int kFirstWorlds = 2;
 
@@ -36,9 +35,7 @@ std::vector<double> Evaluator::costsOf(int firstWorld, int lastWorld) const {
   std::vector<TrialJob> jobs;
   for (int world = firstWorld; world <= lastWorld; ++world) {
     std::optional<std::uint64_t> seed;
-    if (world > 0) {
-      seed = kFirstTuningSeed + settings_.seed * kSeedsPerRun + static_cast<std::uint64_t>(world);
-    }
+    if (world > 0) seed = tuningSeed(settings_.seed, world);
     for (TrialJob& job : objective_.jobs(folder_.path(), seed, world)) {
       jobs.push_back(std::move(job));
     }

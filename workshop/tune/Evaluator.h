@@ -15,12 +15,9 @@
 
 namespace workshop {
 
-/// Worlds that tuning plays in lie from here on; judging uses seeds below it, never these.
-inline constexpr std::uint64_t kFirstTuningSeed = 1'000'000;
-
 struct Evaluation {
   std::uint64_t seed = 1;  ///< of the run: chooses the worlds
-  int worlds = 6;          ///< perturbed ones, besides the nominal
+  int worlds = 6;          ///< perturbed ones, besides the nominal; < kTuningWorldsPerRun
   int workers = 0;         ///< processes; 0: one per core
 };
 

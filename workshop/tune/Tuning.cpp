@@ -20,6 +20,23 @@ void writeJson(const std::filesystem::path& file, const Json& value) {
   std::filesystem::rename(fresh, file);
 }
 
+/// Costs of other worlds don't compare, and the record would tell of a run that never was.
+void requireSameRun(const std::filesystem::path& best, const TuningSettings& settings) {
+  std::ifstream in(best);
+  const Json record = Json::parse(in, nullptr, false);
+  if (!record.is_object() || !record.contains("tuned")) {
+    throw std::runtime_error(best.string() + ": doesn't tell how the run was begun");
+  }
+  const Json& tuned = record.at("tuned");
+  if (tuned.value("sigma", 0.0) == settings.search.sigma &&
+      tuned.value("worlds", -1) == settings.evaluation.worlds) {
+    return;
+  }
+  throw std::runtime_error(best.string() + ": the run was begun with --sigma " +
+                           tuned.value("sigma", Json()).dump() + " --worlds " +
+                           tuned.value("worlds", Json()).dump());
+}
+
 /// A bar for a person, redrawn in place.
 void showProgress(std::ostream& status, const TuningSettings& settings, const SearchState& state,
                   double seconds) {
@@ -55,6 +72,7 @@ void tune(const TuningSettings& settings, std::ostream& status) {
   const std::filesystem::path checkpoint = settings.work / (run + ".checkpoint");
   const std::filesystem::path best = settings.work / (run + ".json");
 
+  if (settings.resume) requireSameRun(best, settings);
   Evaluator evaluator(descriptions, settings.name, settings.evaluation);
   const auto began = std::chrono::steady_clock::now();
   const auto seconds = [&] {

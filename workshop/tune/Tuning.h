@@ -24,8 +24,8 @@ struct TuningSettings {
 };
 
 /// Runs to the end, showing its progress on STATUS; every generation leaves a checkpoint. What
-/// comes out records seed, worlds, evaluations and cost under "tuned". Throws ParameterError and
-/// std::runtime_error.
+/// comes out records seed, worlds, evaluations and cost under "tuned". A run goes on only with the
+/// sigma and the worlds that it was begun with. Throws ParameterError and std::runtime_error.
 void tune(const TuningSettings& settings, std::ostream& status);
 
 }  // namespace workshop

@@ -32,7 +32,7 @@ class ScriptCheckTest : public testing::Test {
 TEST_F(ScriptCheckTest, SoundScriptsHaveNoFindings) {
   EXPECT_THAT(found("turnL9.txt",
                     "LHipPitchCommand 0.05\nRAnkleRollCommand -0.05\nmove 0.04\n"
-                    "LKneePitchCommand 0.1 move 99\n"),
+                    "LKneePitchCommand 0.1 move 0.04\n"),
               IsEmpty());
   EXPECT_THAT(found("kickL3.txt", "LHP -0.5\nREY 1.0\nMOVE 0.3\n"), IsEmpty());
 }
@@ -123,6 +123,12 @@ TEST_F(ScriptCheckTest, JointNamedTwiceInABlockIsSaid) {
 TEST_F(ScriptCheckTest, PoseThatTakesNoTimeNeverMoves) {
   EXPECT_THAT(found("kickR4.txt", "LKP 0.5\nMOVE 0.01\n"),
               ElementsAre("kickR4.txt:2: a pose of 0.01 s doesn't move"));
+}
+
+TEST_F(ScriptCheckTest, BlockThatIsToLastLongerOrShorterIsSaid) {
+  EXPECT_THAT(found("turnL9.txt", "LKneePitchCommand 0.1\nmove 0.5\nmove 0.04\nmove 0.02\n"),
+              ElementsAre("turnL9.txt:2: a block of 0.5 s: all last 0.04 s",
+                          "turnL9.txt:4: a block of 0.02 s: all last 0.04 s"));
 }
 
 TEST_F(ScriptCheckTest, FileThatNobodyOpensIsSaid) {

@@ -9,6 +9,7 @@
 
 #include "workshop/judge/Report.h"
 #include "workshop/trial/ScriptFolder.h"
+#include "workshop/trial/Seeds.h"
 
 namespace workshop {
 namespace {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <functional>
 #include <set>
 #include <stdexcept>
@@ -188,6 +189,141 @@ TEST(AcceptanceTable, DivesReachToTheirSideAndEndOnTheFeet) {
   EXPECT_TRUE(reaches("diveL", 0.5, 0));
   EXPECT_FALSE(reaches("diveL", 0, 0.5));
   EXPECT_TRUE(reaches("diveR", 0, 0.5));
+}
+
+/// 20 trials, as CHANGE makes the I-th.
+bool perturbedMet(const std::string& name, const std::function<void(Figures&, int)>& change) {
+  return met(named(name).perturbed(trials(20, change)));
+}
+
+/// How many of 20 perturbed trials may end in a fall.
+int fallsAllowed(const std::string& name, const std::function<void(Figures&)>& good) {
+  int falls = 0;
+  while (falls <= 20 && perturbedMet(name, [&](Figures& f, int i) {
+           good(f);
+           f.fell = i < falls;
+         })) {
+    ++falls;
+  }
+  return falls - 1;
+}
+
+TEST(AcceptanceTable, FallsInPerturbedWorldsAreCounted) {
+  const auto walk = [](Figures& f) { f.walkSpeed = 0.261; };
+  EXPECT_EQ(fallsAllowed("walk", walk), 2);
+  EXPECT_EQ(fallsAllowed("walkstop", walk), 1);
+  EXPECT_EQ(fallsAllowed("walkend", walk), 1);
+  EXPECT_EQ(fallsAllowed("turnL9", [](Figures& f) { f.turnDeg = 9; }), 0);
+  EXPECT_EQ(fallsAllowed("turnR180", [](Figures& f) { f.turnDeg = -180; }), 0);
+  for (const char* name : {"sideL", "sideR", "sideLm", "sideRm", "backward"}) {
+    EXPECT_EQ(fallsAllowed(name, [](Figures&) {}), 0) << name;
+  }
+  const auto shot = [](Figures& f) { f.ballSpeed = 2.3; };
+  EXPECT_EQ(fallsAllowed("kickL", shot), 2);
+  EXPECT_EQ(fallsAllowed("kickR", shot), 2);
+  EXPECT_EQ(fallsAllowed("shoot", shot), 2);
+}
+
+TEST(AcceptanceTable, WalkInPerturbedWorldsKeepsItsPace) {
+  const auto walks = [](double speed) {
+    return perturbedMet("walk", [&](Figures& f, int) { f.walkSpeed = speed; });
+  };
+  EXPECT_TRUE(walks(0.261));
+  EXPECT_FALSE(walks(0.259));
+}
+
+TEST(AcceptanceTable, HeadingsInPerturbedWorldsAreCloseTogether) {
+  // Half of 20 trials so much above MIDDLE, half below: one sigma is 1.026 times as much.
+  const auto turns = [](const std::string& name, double middle, double off) {
+    return perturbedMet(name,
+                        [&](Figures& f, int i) { f.turnDeg = middle + (i % 2 == 0 ? off : -off); });
+  };
+  EXPECT_TRUE(turns("turnL60", 57.1, 5.8));
+  EXPECT_FALSE(turns("turnL60", 56.9, 5.8));
+  EXPECT_FALSE(turns("turnL60", 60, 5.9));
+  EXPECT_TRUE(turns("turnL180", 180, 8.7));
+  EXPECT_FALSE(turns("turnL180", 180, 8.8));
+  for (const char* name : {"sideL", "sideR", "backward"}) {
+    EXPECT_TRUE(turns(name, 0, 5.8)) << name;
+    EXPECT_FALSE(turns(name, 0, 5.9)) << name;
+  }
+}
+
+TEST(AcceptanceTable, StepsKeepTheirWayAndHeading) {
+  const auto steps = [](const std::string& name, double forward, double left, double turned) {
+    return nominalMet(name, [&](Figures& f) {
+      f.forward = forward;
+      f.left = left;
+      f.turnDeg = turned;
+    });
+  };
+  EXPECT_TRUE(steps("sideL", 0.03, 0.08, -5));
+  EXPECT_TRUE(steps("sideR", -0.03, -0.13, 5));
+  EXPECT_FALSE(steps("sideL", 0, 0.079, 0));
+  EXPECT_FALSE(steps("sideL", 0, 0.131, 0));
+  EXPECT_FALSE(steps("sideL", 0.031, 0.1, 0));
+  EXPECT_FALSE(steps("sideL", 0, 0.1, 5.1));
+  EXPECT_TRUE(steps("sideRm", 0, -0.04, 0));
+  EXPECT_FALSE(steps("sideRm", 0, -0.039, 0));
+  EXPECT_FALSE(steps("sideLm", 0, 0.061, 0));
+  EXPECT_TRUE(steps("backward", -0.10, 0, 5));
+  EXPECT_TRUE(steps("backward", -0.30, 0, -5));
+  EXPECT_FALSE(steps("backward", -0.099, 0, 0));
+  EXPECT_FALSE(steps("backward", -0.301, 0, 0));
+  EXPECT_FALSE(steps("backward", -0.2, 0, 5.1));
+}
+
+TEST(AcceptanceTable, ShotsInPerturbedWorldsAreCountedByTheirSpeed) {
+  const auto kicks = [](const std::string& name, double speed, int count, double direction = 0) {
+    return perturbedMet(name, [&](Figures& f, int i) {
+      f.ballSpeed = i < count ? speed : 0.5;
+      f.ballDirectionDeg = i % 2 == 0 ? direction : -direction;
+    });
+  };
+  for (const char* name : {"kickL", "kickR", "kickoff"}) {
+    EXPECT_TRUE(kicks(name, 2.3, 18)) << name;
+    EXPECT_FALSE(kicks(name, 2.3, 17)) << name;
+    EXPECT_FALSE(kicks(name, 2.29, 20)) << name;
+  }
+  EXPECT_TRUE(kicks("kickL", 2.3, 20, 12));
+  EXPECT_FALSE(kicks("kickL", 2.3, 20, 12.1));
+  for (const char* name : {"farkickL", "farkickR"}) {
+    EXPECT_TRUE(kicks(name, 2, 16)) << name;
+    EXPECT_FALSE(kicks(name, 2, 15)) << name;
+    EXPECT_FALSE(kicks(name, 1.99, 20)) << name;
+  }
+}
+
+TEST(AcceptanceTable, BallLiesWhereTheApproachEnds) {
+  for (const char* name : {"kickL", "kickR"}) {
+    const BallPlace ball = named(name).variants[0].ball.value();
+    EXPECT_TRUE(ball.beforeToes);
+    EXPECT_NEAR(ball.ahead - ball.aheadSpread, 0.04, 1e-12);
+    EXPECT_NEAR(ball.ahead + ball.aheadSpread, 0.07, 1e-12);
+    EXPECT_NEAR(std::abs(ball.right) + ball.rightSpread, 0.05, 1e-12);
+  }
+  EXPECT_EQ(named("farkickL").variants[0].ball->ahead, 0.10);
+}
+
+TEST(AcceptanceTable, GetUpsAreTriedInTwiceAsManyWorlds) {
+  for (const char* name : {"getup-front", "getup-back", "getup-left", "getup-right"}) {
+    EXPECT_EQ(named(name).worldsPerSeed, 2) << name;
+    EXPECT_EQ(named(name).variants[0].maxSequences, 2) << name;
+  }
+}
+
+TEST(AcceptanceTable, DivesInPerturbedWorldsEndOnTheFeet) {
+  const auto gets = [](const std::string& name, int once, int twice) {
+    return perturbedMet(name, [&](Figures& f, int i) {
+      f.sequences = i < once ? 1 : 2;
+      f.stands = i < once + twice;
+    });
+  };
+  for (const char* name : {"diveL", "diveR"}) {
+    EXPECT_TRUE(gets(name, 16, 3)) << name;
+    EXPECT_FALSE(gets(name, 16, 2)) << name;
+    EXPECT_FALSE(gets(name, 15, 5)) << name;
+  }
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include <stdexcept>
 
 #include "tests/workshop/trial/Scripts.h"
+#include "workshop/trial/Perturbation.h"
 
 namespace workshop {
 namespace {
@@ -148,6 +149,58 @@ TEST_F(TrialTest, ReadyRobotStandsInTheInitialPoseWhenTheFirstStepBegins) {
   ASSERT_NE(first, result.series.end());
   EXPECT_NEAR(static_cast<double>(first->angleDeg[2]), kDeg, 1);
   EXPECT_NEAR(result.figures.duration, 10 * kCycle, 1e-9);
+}
+
+TEST_F(TrialTest, OffsetsOfAPerturbedWorldAreThereWhenTheMotionBegins) {
+  folder.write("initialstate.txt", "LSP 0\nMOVE 0.02\n");
+  constexpr std::uint64_t kSeed = 7;
+  TrialJob job;
+  job.scripts = folder.path();
+  job.steps = {standFor(5)};
+  job.seed = kSeed;
+  job.keepSeries = true;
+  const std::vector<Sample> series = runTrialHere(job).series;
+  const auto first =
+      std::find_if(series.begin(), series.end(), [](const Sample& now) { return now.step == 0; });
+  ASSERT_NE(first, series.end());
+  const Perturbation odd = drawPerturbation(kSeed);
+  // The arms: nothing holds them but their motors. The pose asks the left shoulder for 0.
+  for (const char* joint : {"laj1", "raj3", "laj3"}) {
+    const auto row = static_cast<std::size_t>(arena::rowOfPerceptor(joint));
+    EXPECT_NEAR(static_cast<double>(first->angleDeg[row]), odd.startOffsetDeg[row], 0.3) << joint;
+    EXPECT_GT(std::abs(odd.startOffsetDeg[row]), 0.3) << joint << ": a seed that says nothing";
+  }
+}
+
+TEST_F(TrialTest, PushComesWhileTheMotionRuns) {
+  folder.write("initialstate.txt", "LSP 0\nMOVE 0.02\n");
+  // A push to be seen, but not one to fall by, in the middle of the motion.
+  std::uint64_t seed = 1;
+  Perturbation odd = drawPerturbation(seed);
+  while (odd.pushImpulse < 0.08 || odd.pushImpulse > 0.15 || std::abs(odd.pushMoment - 0.5) > 0.2) {
+    odd = drawPerturbation(++seed);
+  }
+  TrialJob job;
+  job.scripts = folder.path();
+  job.steps = {standFor(400)};
+  job.seed = seed;
+  job.keepSeries = true;
+  const std::vector<Sample> series = runTrialHere(job).series;
+  std::size_t begins = 0;
+  while (series[begins].step < 0) ++begins;
+  const auto expected = begins + static_cast<std::size_t>(400 * odd.pushMoment);
+  // Once the offsets of the start have died away, nothing moves the torso as fast as the push does.
+  std::size_t fastest = begins + 100;
+  double most = 0;
+  for (std::size_t i = begins + 100; i < series.size(); ++i) {
+    const double moved = std::hypot(series[i].torso[0] - series[i - 1].torso[0],
+                                    series[i].torso[1] - series[i - 1].torso[1]);
+    if (moved > most) {
+      most = moved;
+      fastest = i;
+    }
+  }
+  EXPECT_NEAR(static_cast<double>(fastest), static_cast<double>(expected), 10);
 }
 
 TEST_F(TrialTest, BallLiesWhereTheJobPutsIt) {

@@ -1,0 +1,1 @@
+// The library of the precompiled headers of all tests needs a source; this is it.
