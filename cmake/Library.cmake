@@ -40,7 +40,6 @@ function(pitch_test name)
   target_link_libraries(${name} PRIVATE pitch_options ${ARG_LINK} GTest::gmock GTest::gtest_main)
   target_compile_definitions(${name} PRIVATE
     PITCH_SOURCE_DIR="${CMAKE_SOURCE_DIR}" PITCH_BIN_DIR="${CMAKE_BINARY_DIR}/bin")
-  target_precompile_headers(${name} REUSE_FROM test_headers)
   gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60
     PROPERTIES LABELS ${ARG_LABEL} TIMEOUT ${ARG_TIMEOUT} PROCESSORS ${ARG_PROCESSORS})
 endfunction()

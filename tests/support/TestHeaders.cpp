@@ -1,1 +1,0 @@
-// The library of the precompiled headers of all tests needs a source; this is it.
