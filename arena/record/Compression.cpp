@@ -17,7 +17,7 @@ constexpr int kWindowLog = 20;
 
 struct Compressor::Stream {
   struct Free {
-    void operator()(ZSTD_CCtx* context) const { ZSTD_freeCCtx(context); }
+    void operator()(ZSTD_CCtx* stream) const { ZSTD_freeCCtx(stream); }
   };
   std::unique_ptr<ZSTD_CCtx, Free> context{ZSTD_createCCtx()};
 };
@@ -48,7 +48,7 @@ std::string Compressor::piece(std::string_view payload) {
 
 struct Decompressor::Stream {
   struct Free {
-    void operator()(ZSTD_DCtx* context) const { ZSTD_freeDCtx(context); }
+    void operator()(ZSTD_DCtx* stream) const { ZSTD_freeDCtx(stream); }
   };
   std::unique_ptr<ZSTD_DCtx, Free> context{ZSTD_createDCtx()};
 };

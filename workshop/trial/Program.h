@@ -41,7 +41,6 @@ class Program {
   std::size_t current_ = 0;
   bool begun_ = false;
   int age_ = 0;  ///< [cycles] since the step began
-  int fallWait_ = 0;
   bool hasFallen_ = false;
   int sequences_ = 0;
   int sequencesBefore_ = 0;  ///< when the step began
