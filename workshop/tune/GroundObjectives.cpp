@@ -46,9 +46,9 @@ double shotCost(const TrialResult& result, double aim) {
 }
 
 /// The left kick is the right one's mirror image; the worlds take turns between them.
-Objective kickObjective(const Json& spec, const std::string& where) {
-  requireKeys(spec, std::array<std::string_view, 2>{"motion", "aim"}, where);
-  const double aim = numberIn(spec, "aim", where);
+Objective kickObjective(const Json& wanted, const std::string& where) {
+  requireKeys(wanted, std::array<std::string_view, 2>{"motion", "aim"}, where);
+  const double aim = numberIn(wanted, "aim", where);
   Objective objective;
   objective.jobs = [](const Path& scripts, Seed seed, int index) {
     const Foot foot = index % 2 == 0 ? Foot::kRight : Foot::kLeft;
@@ -66,9 +66,9 @@ Objective kickObjective(const Json& spec, const std::string& where) {
   return objective;
 }
 
-Objective shootObjective(const Json& spec, const std::string& where) {
-  requireKeys(spec, std::array<std::string_view, 2>{"motion", "aim"}, where);
-  const double aim = numberIn(spec, "aim", where);
+Objective shootObjective(const Json& wanted, const std::string& where) {
+  requireKeys(wanted, std::array<std::string_view, 2>{"motion", "aim"}, where);
+  const double aim = numberIn(wanted, "aim", where);
   Objective objective;
   objective.jobs = [](const Path& scripts, Seed seed, int) {
     TrialJob job = jobOf(scripts, seed, {playScript("shoot")});
@@ -88,9 +88,9 @@ Start startNamed(const std::string& side, const std::string& where) {
 }
 
 /// One sequence has to do.
-Objective getUpObjective(const Json& spec, const std::string& where) {
-  requireKeys(spec, std::array<std::string_view, 2>{"motion", "from"}, where);
-  const Json& sides = objectIn(spec, "from", where);
+Objective getUpObjective(const Json& wanted, const std::string& where) {
+  requireKeys(wanted, std::array<std::string_view, 2>{"motion", "from"}, where);
+  const Json& sides = objectIn(wanted, "from", where);
   std::vector<Start> starts;
   for (const Json& side : sides) {
     if (!side.is_string()) throw ParameterError(where + ": \"from\" must be a list of sides");
@@ -112,9 +112,9 @@ Objective getUpObjective(const Json& spec, const std::string& where) {
   return objective;
 }
 
-Objective diveObjective(const Json& spec, const std::string& where) {
-  requireKeys(spec, std::array<std::string_view, 2>{"motion", "reach"}, where);
-  const double reach = numberIn(spec, "reach", where);
+Objective diveObjective(const Json& wanted, const std::string& where) {
+  requireKeys(wanted, std::array<std::string_view, 2>{"motion", "reach"}, where);
+  const double reach = numberIn(wanted, "reach", where);
   Objective objective;
   objective.jobs = [](const Path& scripts, Seed seed, int index) {
     TrialJob job = jobOf(scripts, seed, {diveTo(index % 2 == 0 ? Foot::kRight : Foot::kLeft)});
@@ -132,12 +132,12 @@ Objective diveObjective(const Json& spec, const std::string& where) {
 
 }  // namespace
 
-std::optional<Objective> groundObjective(const std::string& motion, const Json& spec,
+std::optional<Objective> groundObjective(const std::string& motion, const Json& wanted,
                                          const std::string& where) {
-  if (motion == "kick") return kickObjective(spec, where);
-  if (motion == "shoot") return shootObjective(spec, where);
-  if (motion == "getUp") return getUpObjective(spec, where);
-  if (motion == "dive") return diveObjective(spec, where);
+  if (motion == "kick") return kickObjective(wanted, where);
+  if (motion == "shoot") return shootObjective(wanted, where);
+  if (motion == "getUp") return getUpObjective(wanted, where);
+  if (motion == "dive") return diveObjective(wanted, where);
   return std::nullopt;
 }
 

@@ -19,7 +19,7 @@ namespace workshop {
 
 /// SPEC is the description's "objective". Empty for a motion of another kind. Throws
 /// ParameterError; WHERE names the place.
-std::optional<Objective> groundObjective(const std::string& motion, const Json& spec,
+std::optional<Objective> groundObjective(const std::string& motion, const Json& wanted,
                                          const std::string& where);
 
 }  // namespace workshop

@@ -5,8 +5,8 @@
 namespace workshop {
 namespace {
 
-Objective from(const char* spec) {
-  const Json json = Json::parse(spec);
+Objective from(const char* wanted) {
+  const Json json = Json::parse(wanted);
   const auto objective = groundObjective(json.at("motion"), json, "test");
   if (!objective) throw ParameterError("no objective");
   return *objective;
