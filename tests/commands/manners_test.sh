@@ -2,7 +2,8 @@
 # How every command answers a caller who asks for help or errs.
 . "$(dirname "${BASH_SOURCE[0]}")/support.sh"
 
-commands=(setup play team check .ci/run tools/check-includes)
+commands=(setup play team check .ci/run tools/check-includes tools/check-threads
+  tools/check-memory tools/check-match tools/coverage soak/run)
 
 HelpExplainsAndEndsWell() {
   for command in "${commands[@]}"; do
