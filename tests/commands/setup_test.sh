@@ -65,6 +65,14 @@ CheckingNeedsWhatPlayingNeeds() {
   expect_text out 'g\+\+ .*libmujoco-dev .*libgtest-dev .*shellcheck'
 }
 
+CheckingNeedsNoToolsForAReleaseWhichNeedsThoseForChecking() {
+  only_stand_ins
+  setup --for check
+  if grep -qE ' clang( |$)' "$temp/out"; then flunk "release tools for check"; fi
+  setup --for release
+  expect_text out 'g\+\+ .*shellcheck .*clang( |$)'
+}
+
 SystemWithoutAptIsToldInOneLine() {
   only_stand_ins
   rm "$temp/bin/apt-get"
