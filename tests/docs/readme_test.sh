@@ -12,6 +12,7 @@ export PITCH_BUILD=${PITCH_TEST_BUILD:?the build to test}
 #   team              as shown, against a training ground of its own; interrupted once all six play
 #   presets           not run, it would build; its presets and targets are looked up
 #   help              not run, it takes long or needs rights; with --help it is
+#   elsewhere FILE    not run here, but by FILE
 way_of() {
   local here="--address $host --logs $temp/logs --view-port 0"
   local short="$here --wait-seconds 1 --half-seconds 2 --speed 0"
@@ -29,6 +30,10 @@ way_of() {
     'build/release/bin/pitchmotion generate kick') echo "run --scripts $temp/generated" ;;
     'build/release/bin/pitchmotion '*) echo run ;;
     'cmake --'* | 'ctest --'*) echo presets ;;
+    tools/package | tools/try-package | 'tools/fresh-machine --play-only') echo help ;;
+    'sudo apt install ./build/package/pitchagent_'*) echo 'elsewhere tools/try-package' ;;
+    'pitch-play --half-seconds 60' | 'man pitch-play')
+      echo 'elsewhere tests/commands/install_test.sh' ;;
     *) echo unknown ;;
   esac
 }
@@ -122,6 +127,7 @@ run_commands() {
       serve) serve_shown "$rest" ;;
       team) team_shown ;;
       presets) presets_shown ;;
+      elsewhere) [[ -f $root/$rest ]] || flunk "no $rest that runs '$command'" ;;
       help) run bash -c "${command%% *} --help"; expect_well ;;
       *) flunk "nobody knows how to run '$command'" ;;
     esac
@@ -180,7 +186,7 @@ RecipesNameTestsThatExist() {
 }
 
 OtherCommandsExist() {
-  run_commands '^(\./(check|setup)|cmake|ctest)'
+  run_commands '^(\./(check|setup)|cmake|ctest|tools/|sudo|pitch-play|man )'
 }
 
 EveryCommandIsRunByOneOfTheseTests() {
