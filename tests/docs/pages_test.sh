@@ -52,7 +52,7 @@ named_files() {
   awk '/^```/ { code = !code } !code' "$1" | quoted |
     grep -E '^[A-Za-z0-9_.][A-Za-z0-9_./*-]*$' |
     grep -E '/|\.(md|txt|cpp|h|sh|js|json|svg|png|cmake|supp|awk)$' |
-    grep -vE '^(build|logs)/|^/|[0-9]/[0-9]'
+    grep -vE '^(build|logs)/|^/|[0-9]/[0-9]|NAME'
 }
 
 # exists NAME PAGE: from the top, from the page's folder, among the scripts, or, for a name without a

@@ -20,7 +20,8 @@ way_of() {
     ./play | './play --versus' | './play --record match.rec') echo "run $short" ;;
     './play --half-seconds 60 --speed 0') echo "run $short" ;;
     './team --host=127.0.0.1') echo team ;;
-    ./check | './check --quick' | ./setup) echo help ;;
+    ./check | './check --quick' | ./setup | './setup --for release') echo help ;;
+    'fuzz/run '* | soak/run | bench/run) echo help ;;
     'build/play/bin/pitcharena replay match.rec --view') echo 'serve http://' ;;
     'build/play/bin/pitcharena '*) echo run ;;
     'build/release/bin/pitchmotion judge --scripts scripts --only sideL') echo 'run --worlds 1' ;;
@@ -186,7 +187,7 @@ RecipesNameTestsThatExist() {
 }
 
 OtherCommandsExist() {
-  run_commands '^(\./(check|setup)|cmake|ctest|tools/|sudo|pitch-play|man )'
+  run_commands '^(\./(check|setup)|cmake|ctest|(tools|fuzz|soak|bench)/|sudo|pitch-play|man )'
 }
 
 EveryCommandIsRunByOneOfTheseTests() {
