@@ -22,7 +22,7 @@ foreach(command play team)
   install(FILES ${CMAKE_BINARY_DIR}/installed/pitch-${command} TYPE BIN)
 endforeach()
 
-install(FILES README.md CHANGELOG.md TYPE DOC OPTIONAL)
+install(FILES README.md TYPE DOC)
 install(DIRECTORY docs TYPE DOC PATTERN man EXCLUDE)
 
 # compressed(FILE RESULT): packs FILE into the build, without its name and time, and has RESULT name
@@ -46,5 +46,9 @@ endforeach()
 
 # As Debian wants them; of use to anybody who looks there.
 install(FILES packaging/copyright TYPE DOC)
+compressed(CHANGELOG.md packed)
+install(FILES ${packed} TYPE DOC RENAME changelog.gz)
 compressed(packaging/changelog packed)
 install(FILES ${packed} TYPE DOC RENAME changelog.Debian.gz)
+install(FILES packaging/lintian-overrides DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides
+  RENAME pitchagent)

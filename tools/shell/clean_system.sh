@@ -36,6 +36,7 @@ make_clean_system() {
   fi
   debootstrap --variant=minbase "${from[@]}" "$release" "$folder" "$mirror" >>"$log" 2>&1 ||
     { tail -n 20 "$log" >&2; fail "debootstrap failed, see $log"; }
+  chmod 755 "$folder"
   printf '%s\n' "$sources" >"$folder/etc/apt/sources.list"
   printf '127.0.0.1 localhost\n' >"$folder/etc/hosts"
   # No service is started: nothing would stop it.

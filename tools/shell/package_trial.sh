@@ -58,7 +58,7 @@ echo "trial: scripts were checked, written and played"
 for page in pitchagent.1 pitcharena.1 pitchmotion.1 pitch-play.1 pitch-team.1 pitchagent-scripts.5; do
   [[ -s /usr/share/man/man${page##*.}/$page.gz ]] || wrong "no page $page"
 done
-for text in README.md copyright changelog.Debian.gz docs/architecture.md; do
+for text in README.md copyright changelog.gz changelog.Debian.gz docs/architecture.md; do
   [[ -s /usr/share/doc/pitchagent/$text ]] || wrong "no $text"
 done
 echo "trial: manual pages and documents are there"
