@@ -1,10 +1,11 @@
 /// The viewer's door: HTTP requests, the opening of a stream, and what a page says on it.
 ///
-/// Input: a byte for the form, four for the sizes of the pieces that the bytes come in, then
+/// Input: a byte for the form (3 more: the match is live), four for the sizes of the pieces that
+/// the bytes come in, then
 ///   0  what a browser sends, as it is
 ///   1  what it sends behind a proper opening of the stream
 ///   2  lines: a proper opening, then each line as the text of a proper message of a page
-/// The viewer's clock goes on between the pieces.
+/// The viewer's clock, and a live match, go on between the pieces.
 
 #include <sys/socket.h>
 #include <unistd.h>
@@ -32,30 +33,34 @@ using fuzz::demand;
 constexpr std::uint16_t kPort = 8300;
 constexpr std::chrono::milliseconds kTick{10};
 constexpr long kCycles = 120;
+/// Few, so that a page falls behind what is kept.
+constexpr long kLiveCycles = 12;
 
-/// Two players and a ball that move; one of them says and prints what a mind is made of.
+/// Two players and a ball that move; the players say and print what a mind is made of.
+arena::CycleRecord someCycle(long cycle) {
+  arena::CycleRecord record;
+  record.cycle = cycle;
+  const double at = static_cast<double>(cycle) * 0.01;
+  record.ball = {at, -at, 0.04};
+  record.teamNames = {"Kolu-Otters", cycle > 50 ? "Others" : ""};
+  for (const int slot : {0, 7}) {
+    arena::PlayerRecord player;
+    player.session = static_cast<std::uint32_t>(slot + 1);
+    player.slot = slot;
+    player.shirt = arena::Shirt{slot == 0 ? arena::Side::kLeft : arena::Side::kRight, 3};
+    player.position = {at - slot, 0.5, 0.38};
+    if (cycle % 20 == 0) player.said = "P,3,1.5,-2";
+    if (cycle % 30 == 0) player.said = "|,3,1.50,-0.25,2.00";
+    if (cycle % 10 == 0) player.traced = {"gotoPos function!!!", "pushed walk 4"};
+    record.players.push_back(std::move(player));
+  }
+  if (cycle % 40 == 0) record.events.push_back({at, "a goal \"\xff\" for <left>"});
+  return record;
+}
+
 view::Timeline someMatch() {
   view::Timeline timeline;
-  for (long cycle = 1; cycle <= kCycles; ++cycle) {
-    arena::CycleRecord record;
-    record.cycle = cycle;
-    const double at = static_cast<double>(cycle) * 0.01;
-    record.ball = {at, -at, 0.04};
-    record.teamNames = {"Kolu-Otters", cycle > 50 ? "Others" : ""};
-    for (int slot : {0, 7}) {
-      arena::PlayerRecord player;
-      player.session = static_cast<std::uint32_t>(slot + 1);
-      player.slot = slot;
-      player.shirt = arena::Shirt{slot == 0 ? arena::Side::kLeft : arena::Side::kRight, 3};
-      player.position = {at - slot, 0.5, 0.38};
-      if (cycle % 20 == 0) player.said = "P,3,1.5,-2";
-      if (cycle % 30 == 0) player.said = "|,3,1.50,-0.25,2.00";
-      if (cycle % 10 == 0) player.traced = {"gotoPos function!!!", "pushed walk 4"};
-      record.players.push_back(std::move(player));
-    }
-    if (cycle % 40 == 0) record.events.push_back({at, "a goal \"\xff\" for <left>"});
-    timeline.add(record);
-  }
+  for (long cycle = 1; cycle <= kCycles; ++cycle) timeline.add(someCycle(cycle));
   return timeline;
 }
 
@@ -121,8 +126,7 @@ std::string messageOf(std::string_view text) {
   return frame.append(4, '\0').append(text);
 }
 
-std::vector<std::string> piecesOf(fuzz::Input& in) {
-  const std::uint8_t form = in.byte() % 3;
+std::vector<std::string> piecesOf(fuzz::Input& in, unsigned form) {
   std::array<std::size_t, 4> sizes{};
   // Small pieces are many: with a zero the rest comes at once.
   for (std::size_t& piece : sizes) piece = in.byte();
@@ -142,26 +146,34 @@ std::vector<std::string> piecesOf(fuzz::Input& in) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static const view::Timeline timeline = someMatch();
-  static const view::PagePlaces places{PITCH_SOURCE_DIR "/viewer/page"};
+  static const view::Timeline recorded = someMatch();
+  // The library for 3-D is a file like the others, only a hundred times as long.
+  static const view::PagePlaces places{PITCH_SOURCE_DIR "/viewer/page",
+                                       PITCH_SOURCE_DIR "/viewer/page/icon.svg"};
   fuzz::Input in(data, size);
-  const std::vector<std::string> pieces = piecesOf(in);
+  const unsigned form = in.byte();
+  const bool live = form / 3 % 2 != 0;
+  const std::vector<std::string> pieces = piecesOf(in, form % 3);
+  view::Timeline growing(kLiveCycles);
+  const view::Timeline& timeline = live ? growing : recorded;
 
   asio::io_context io{1};
   const Browser browser(io);
   std::shared_ptr<view::Page> page;
   std::make_shared<view::HttpSession>(
       browser.viewersEnd(), kPort, places,
-      [&page](boost::beast::tcp_stream stream, const view::HttpRequest& request) {
+      [&](boost::beast::tcp_stream stream, const view::HttpRequest& request) {
         demand(page == nullptr, "a connection becomes a stream once");
-        page = std::make_shared<view::Page>(std::move(stream), timeline, /*live=*/false);
+        page = std::make_shared<view::Page>(std::move(stream), timeline, live);
         page->accept(request);
       })
       ->start();
 
   auto now = view::Page::Clock::now();
+  long cycle = 0;
   for (const std::string& piece : pieces) {
     browser.send(piece);
+    if (live) growing.add(someCycle(++cycle));
     now += kTick;
     if (page) page->tick(now);
     browser.settle();
