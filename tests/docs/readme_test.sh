@@ -21,7 +21,7 @@ way_of() {
     './play --half-seconds 60 --speed 0') echo "run $short" ;;
     './team --host=127.0.0.1') echo team ;;
     ./check | './check --quick' | ./setup | './setup --for release') echo help ;;
-    'fuzz/run '* | soak/run | bench/run) echo help ;;
+    'fuzz/run '* | soak/run | bench/run | tools/coverage | tools/check-*) echo help ;;
     'build/play/bin/pitcharena replay match.rec --view') echo 'serve http://' ;;
     'build/play/bin/pitcharena '*) echo run ;;
     'build/release/bin/pitchmotion judge --scripts scripts --only sideL') echo 'run --worlds 1' ;;

@@ -1,6 +1,6 @@
 # shellcheck shell=bash
-# shellcheck disable=SC2154,SC2034  # root, bin, logs, address and seed are soak/run's; it uses match
-# A match under ./play, watched from outside. Sourced by soak/run.
+# shellcheck disable=SC2154,SC2034  # root, bin, logs, address, seed, wait_seconds: the sourcing command's
+# A match under ./play, watched from outside. Sourced by soak/run and tools/check-match.
 
 # Since the machine was started, in seconds: `now`.
 read_clock() {
@@ -55,7 +55,7 @@ take_line() {
 }
 
 show_progress_of_match() {
-  [[ ! -t 2 ]] || printf '\rsoak: %s, cycle %d ' "$name" "$cycle" >&2
+  [[ ! -t 2 ]] || printf '\r%s: %s, cycle %d ' "$command_name" "$name" "$cycle" >&2
 }
 
 # The programs of the match: names[PID], "pitcharena" or "left-3" after the log it writes to.
