@@ -5,6 +5,8 @@
 #include <thread>
 #include <utility>
 
+#include "data/DataFolder.h"
+
 namespace arena {
 namespace {
 
@@ -15,6 +17,7 @@ template <typename... Shown>
 std::unique_ptr<view::Viewer> served(const ViewOptions& options, const Shown&... shown) {
   view::ViewSettings settings;
   settings.port = options.port.value_or(view::kUsualViewPort);
+  settings.places.pageFolder = data::folder() / "viewer/page";
   try {
     return std::make_unique<view::Viewer>(settings, shown...);
   } catch (const view::ViewError&) {

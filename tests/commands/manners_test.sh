@@ -2,8 +2,8 @@
 # How every command answers a caller who asks for help or errs.
 . "$(dirname "${BASH_SOURCE[0]}")/support.sh"
 
-commands=(setup play team check .ci/run tools/check-includes tools/check-threads
-  tools/check-memory tools/check-match tools/coverage soak/run)
+commands=(setup play team check .ci/run tools/check-includes tools/check-threads tools/check-memory
+  tools/check-match tools/coverage tools/package tools/try-package tools/fresh-machine soak/run)
 
 HelpExplainsAndEndsWell() {
   for command in "${commands[@]}"; do
@@ -42,7 +42,7 @@ UnknownOptionIsNamedInOneLine() {
 }
 
 StrayWordIsNamedInOneLine() {
-  for command in setup play team check; do
+  for command in setup play team check tools/package tools/try-package tools/fresh-machine; do
     run "$root/$command" stray
     expect_status 2
     expect_one_error stray
@@ -50,7 +50,8 @@ StrayWordIsNamedInOneLine() {
 }
 
 MissingValueIsNamedInOneLine() {
-  for call in 'setup --for' 'play --half-seconds' 'play --seed=' 'play --logs' 'team --host' 'team --host='; do
+  for call in 'setup --for' 'play --half-seconds' 'play --seed=' 'play --logs' 'team --host' 'team --host=' \
+    'tools/package --maintainer' 'tools/try-package --mirror' 'tools/fresh-machine --cache'; do
     read -r -a words <<<"$call"
     run "$root/${words[0]}" "${words[1]}"
     expect_status 2

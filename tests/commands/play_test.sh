@@ -134,6 +134,23 @@ EOF
   done
 }
 
+OtherScriptsMayBeNamedRelativeToTheCaller() {
+  mkdir "$temp/mine"
+  stand_ins <<'EOF'
+until [[ -s $LOGS/player-6.log ]]; do sleep 0.05; done
+EOF
+  cd "$temp" || exit 1
+  LOGS=$temp/logs play run --scripts mine
+  expect_status 0
+  grep -q " in $temp/mine\$" "$temp/logs/player-6.log" || flunk "player 6 started elsewhere"
+}
+
+ScriptsThatAreNotThereAreToldInOneLine() {
+  play run --scripts nowhere
+  expect_status 2
+  expect_one_error "--scripts: there is no folder 'nowhere'"
+}
+
 PlayersWaitForTheArenaToListen() {
   stand_in pitcharena <<<'echo "not yet listening on anything"'
   stand_in pitchagent <<<''

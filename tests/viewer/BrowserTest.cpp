@@ -24,6 +24,7 @@ using test::StagedMatch;
 ViewSettings port(std::uint16_t number) {
   ViewSettings settings;
   settings.port = number;
+  settings.places.pageFolder = PITCH_SOURCE_DIR "/viewer/page";
   return settings;
 }
 

@@ -27,6 +27,7 @@ using test::WatchClient;
 ViewSettings anyPort() {
   ViewSettings settings;
   settings.port = 0;
+  settings.places.pageFolder = PITCH_SOURCE_DIR "/viewer/page";
   return settings;
 }
 

@@ -1,5 +1,5 @@
 # shellcheck shell=bash
-# shellcheck disable=SC2154  # root, bin, logs and command_name are set by the sourcing command
+# shellcheck disable=SC2154  # bin, scripts, logs and command_name are set by the sourcing command
 # Programs that must not outlive the command that started them. Sourced by ./play and ./team.
 #
 # Each child is started through setpriv, which makes the kernel kill it when its parent dies, even
@@ -14,10 +14,10 @@ declare -A player_since=()
 declare -A player_quick_ends=()
 
 # start_player ADDRESS NAME: a player against the server there, with its log in $logs. It runs in
-# scripts/, where it looks for its motion scripts. A shell's background commands ignore SIGINT; this
+# $scripts, where it looks for its motion scripts. A shell's background commands ignore SIGINT; this
 # one shall not.
 start_player() {
-  setpriv --pdeathsig KILL env --default-signal=INT --chdir="$root/scripts" \
+  setpriv --pdeathsig KILL env --default-signal=INT --chdir="$scripts" \
     "$bin/pitchagent" "--host=$1" "--unum=${2##*-}" </dev/null >>"$logs/$2.log" 2>&1 &
   player_pid[$2]=$!
   player_since[$2]=$SECONDS

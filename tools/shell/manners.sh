@@ -25,3 +25,9 @@ need_number() {
   need_value "$@"
   [[ $2 =~ ^[0-9]+(\.[0-9]+)?$ ]] || usage_error "$1 needs a number, not '$2'"
 }
+
+# need_folder OPTION [VALUE]: a folder that is there.
+need_folder() {
+  need_value "$@"
+  [[ -d $2 ]] || usage_error "$1: there is no folder '$2'"
+}

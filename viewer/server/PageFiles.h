@@ -1,8 +1,8 @@
 #pragma once
 
 /// The files that make the page, and nothing else: what isn't in this list can't be fetched. The
-/// page's own lie in viewer/page/, three.js where the distribution's package puts it. Read anew for
-/// each request, so that a change shows at the next reload.
+/// page's own lie in one folder, viewer/page/ of the data folder; three.js where the distribution's
+/// package puts it. Read anew for each request, so that a change shows at the next reload.
 
 #include <array>
 #include <optional>

@@ -36,11 +36,6 @@ constexpr std::size_t kMostConnections = 64;
 /// On a full machine the match comes first.
 constexpr int kNiceness = 10;
 
-PagePlaces completed(PagePlaces places) {
-  if (places.pageFolder.empty()) places.pageFolder = PITCH_PAGE_FOLDER;
-  return places;
-}
-
 tcp::acceptor listener(asio::io_context& io, std::uint16_t port) {
   try {
     return {io, tcp::endpoint(asio::ip::address_v4::loopback(), port), /*reuse_addr=*/true};
@@ -54,7 +49,7 @@ tcp::acceptor listener(asio::io_context& io, std::uint16_t port) {
 
 struct Viewer::Impl {
   Impl(const ViewSettings& settings, Timeline shown, bool grows)
-      : places(completed(settings.places)),
+      : places(settings.places),
         acceptor(listener(io, settings.port)),
         port(acceptor.local_endpoint().port()),
         timeline(std::move(shown)),

@@ -29,7 +29,7 @@ inline constexpr std::size_t kMostPages = 16;
 
 struct ViewSettings {
   std::uint16_t port = kUsualViewPort;  ///< 0: any free one
-  PagePlaces places{};                  ///< an empty folder: where the build found the page
+  PagePlaces places{};                  ///< the page's folder must be given
 };
 
 class Viewer {

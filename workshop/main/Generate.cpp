@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "data/DataFolder.h"
 #include "workshop/generate/Shelf.h"
 #include "workshop/main/Commands.h"
 
@@ -13,7 +14,7 @@ namespace {
 
 struct GenerateOptions {
   std::string name{};
-  std::string parameters = "workshop/parameters";
+  std::string parameters = data::nearest("workshop/parameters", data::folder());
   std::string scripts = "scripts";
 };
 

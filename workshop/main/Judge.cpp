@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "data/DataFolder.h"
 #include "workshop/judge/Report.h"
 #include "workshop/main/Commands.h"
 #include "workshop/main/ProgressBar.h"
@@ -44,6 +45,7 @@ void addJudge(CLI::App& program, int& status) {
       "judge", "Holds every motion against its bars, in the nominal and in perturbed worlds.");
   const auto options = std::make_shared<JudgeOptions>();
   JudgeSettings& settings = options->settings;
+  settings.scripts = data::nearest("scripts", data::folder());
   command->option_defaults()->always_capture_default();
   // clang-format off
   command->add_option("--scripts", settings.scripts, "folder of the scripts")

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "data/DataFolder.h"
 #include "workshop/judge/Report.h"
 #include "workshop/main/Actions.h"
 #include "workshop/main/Commands.h"
@@ -16,7 +17,7 @@ namespace {
 
 struct PlayOptions {
   std::string action{};
-  std::string scripts = "scripts";
+  std::string scripts = data::nearest("scripts", data::folder());
   std::optional<std::uint64_t> seed{};
   double seconds = 10;
   std::vector<double> ball{};

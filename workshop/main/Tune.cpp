@@ -1,6 +1,7 @@
 #include <iostream>
 #include <memory>
 
+#include "data/DataFolder.h"
 #include "workshop/main/Commands.h"
 #include "workshop/trial/Seeds.h"
 #include "workshop/tune/Tuning.h"
@@ -11,6 +12,7 @@ void addTune(CLI::App& program, int& /*status*/) {
   CLI::App* const command = program.add_subcommand(
       "tune", "Improves parameters by an evolution strategy, judged in the training ground.");
   const auto s = std::make_shared<TuningSettings>();
+  s->parameters = data::nearest("workshop/parameters", data::folder());
   command->add_option("NAME", s->name, "parameters to improve (walk, turn15, ...)")->required();
   command->add_option("--parameters", s->parameters, "folder to read")->capture_default_str();
   command->add_option("--work", s->work, "folder for checkpoint and best so far")

@@ -1,6 +1,19 @@
 # shellcheck shell=bash
-# shellcheck disable=SC2154  # root and command_name are set by the command that sources this
-# Where ./play and ./team get their programs from. Uses tools/shell/manners.sh.
+# shellcheck disable=SC2034,SC2154  # the sourcing command reads what is set here, and has set the rest
+# Where ./play and ./team get their programs from, and what they say of it. Uses
+# tools/shell/manners.sh. packaging/programs.sh.in takes its place in an installed tree.
+
+called=./$command_name
+replay_called="build/play/bin/pitcharena replay"
+default_logs=$root/logs/$command_name
+shown_logs=logs/$command_name
+
+about_programs() {
+  cat <<'END'
+The programs are built first if needed. PITCH_BUILD=DIR in the environment takes the programs of
+that build as they are; nothing is built.
+END
+}
 
 # Sets `bin` to the folder that holds pitchagent, pitcharena and `more_programs`. With PITCH_BUILD set
 # that build is taken as it stands; otherwise build/play is made up to date first. It has neither tests
