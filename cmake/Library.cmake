@@ -43,3 +43,29 @@ function(pitch_test name)
   gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60
     PROPERTIES LABELS ${ARG_LABEL} TIMEOUT ${ARG_TIMEOUT} PROCESSORS ${ARG_PROCESSORS})
 endfunction()
+
+# pitch_command_test(FILE LABEL label TIMEOUT seconds [GROUP name] [OWN_NETWORK])
+# FILE_test.sh holds tests, bash functions with a capital at the front. Each runs as a ctest of its own
+# called GROUP.FILE.FUNCTION (GROUP: Commands), with the programs of this build; with OWN_NETWORK in a
+# network of its own.
+function(pitch_command_test file)
+  cmake_parse_arguments(ARG "OWN_NETWORK" "LABEL;TIMEOUT;GROUP" "" ${ARGN})
+  if(NOT ARG_GROUP)
+    set(ARG_GROUP Commands)
+  endif()
+  set(script ${CMAKE_CURRENT_SOURCE_DIR}/${file}_test.sh)
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${script})
+  set(runner bash)
+  if(ARG_OWN_NETWORK)
+    set(runner $<TARGET_FILE:in_own_network> bash)
+  endif()
+  file(STRINGS ${script} heads REGEX "^[A-Z][A-Za-z]+\\(\\) {")
+  foreach(head IN LISTS heads)
+    string(REGEX REPLACE "\\(.*" "" test ${head})
+    set(name ${ARG_GROUP}.${file}.${test})
+    add_test(NAME ${name} COMMAND ${runner} ${script} ${test})
+    set_tests_properties(${name} PROPERTIES
+      LABELS ${ARG_LABEL} TIMEOUT ${ARG_TIMEOUT}
+      ENVIRONMENT PITCH_TEST_BUILD=${CMAKE_BINARY_DIR})
+  endforeach()
+endfunction()

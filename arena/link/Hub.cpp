@@ -56,8 +56,8 @@ struct Hub::Impl {
         acceptTimer.async_wait([this](error_code) { accept(); });
         return;
       }
-      if (sessions.size() >= settings.maxSessions) {
-        lost.push_back({id, "more than " + std::to_string(settings.maxSessions) + " sessions"});
+      if (sessions.size() >= settings.maxSessions && !makeRoom()) {
+        lost.push_back({id, tooMany()});
       } else {
         const auto session = std::make_shared<Session>(std::move(socket), settings);
         session->start();
@@ -65,6 +65,25 @@ struct Hub::Impl {
       }
       accept();
     });
+  }
+
+  [[nodiscard]] std::string tooMany() const {
+    return "more than " + std::to_string(settings.maxSessions) + " sessions";
+  }
+
+  /// Ends the oldest of the sessions that have had their time to ask for a body and haven't: they
+  /// must not keep out a player that comes back. False if there is none.
+  bool makeRoom() {
+    const Clock::time_point asked = Clock::now() - settings.timeToAsk;
+    const auto idle = std::find_if(sessions.begin(), sessions.end(), [asked](const auto& entry) {
+      const Session& session = *entry.second;
+      return session.isOpen() && !session.hasAskedForBody() && session.accepted() < asked;
+    });
+    if (idle == sessions.end()) return false;
+    idle->second->close(tooMany() + ", and it has no body");
+    lost.push_back({idle->first, idle->second->whyClosed()});
+    sessions.erase(idle);
+    return true;
   }
 
   /// Runs handlers until DONE or DEADLINE. A timer of our own: the library's timed runs round up
@@ -146,7 +165,8 @@ std::vector<Lost> Hub::takeLost() {
   std::vector<Lost> lost = std::exchange(impl_->lost, {});
   std::erase_if(impl_->sessions, [&](const auto& entry) {
     Session& session = *entry.second;
-    if (now - session.lastFrame() > impl_->settings.silence) {
+    const auto since = session.silentSince();
+    if (since && now - *since > impl_->settings.silence) {
       session.close("silent for " + inWords(impl_->settings.silence));
     }
     if (!session.isOpen()) lost.push_back({entry.first, session.whyClosed()});

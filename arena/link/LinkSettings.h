@@ -13,9 +13,10 @@ namespace arena {
 struct LinkSettings {
   std::string listen = "127.0.0.1";             ///< numeric address
   std::uint16_t port = 3100;                    ///< 0: any free one, see Hub::port
-  std::chrono::milliseconds silence{60'000};    ///< without a whole frame: the session ends
+  std::chrono::milliseconds silence{60'000};    ///< that owes a frame: the session ends
   std::size_t maxWaitingBytes = 1024UL * 1024;  ///< waiting to be read by a player: cut off
   std::size_t maxSessions = 64;                 ///< open at once, with a body or without
+  std::chrono::milliseconds timeToAsk{1'000};   ///< for a body, before it may have to make room
 };
 
 }  // namespace arena

@@ -61,7 +61,7 @@ void Session::take(std::string_view bytes) {
     if (!readEffectors(*frame, commands_)) return close("a broken frame: parentheses don't match");
     askedForBody_ = askedForBody_ || commands_.scenes > 0;
     awaitingAnswer_ = false;
-    lastFrame_ = Clock::now();
+    silentSince_ = Clock::now();
     ++framesRead_;
   }
   if (const auto length = reader_.tooLong()) {
@@ -78,6 +78,7 @@ Commands Session::takeCommands() {
 
 void Session::send(std::string_view text) {
   if (!open_) return;
+  if (!awaitingAnswer_) silentSince_ = Clock::now();
   awaitingAnswer_ = true;
   waiting_ += framed(text);
   if (bytesWaiting() > maxWaitingBytes_) {

@@ -9,6 +9,7 @@
 #include <chrono>
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -38,7 +39,13 @@ class Session : public std::enable_shared_from_this<Session> {
   /// Whether a frame has come in since the last message went out.
   [[nodiscard]] bool hasAnswered() const { return !awaitingAnswer_; }
   [[nodiscard]] bool hasAskedForBody() const { return askedForBody_; }
-  [[nodiscard]] Clock::time_point lastFrame() const { return lastFrame_; }
+  [[nodiscard]] Clock::time_point accepted() const { return accepted_; }
+  /// Since when it owes a frame: an answer, or its request for a body. None while the match owes it
+  /// a message, as before the first cycle, for which it may wait as long as the others make it.
+  [[nodiscard]] std::optional<Clock::time_point> silentSince() const {
+    if (askedForBody_ && !awaitingAnswer_) return std::nullopt;
+    return silentSince_;
+  }
   [[nodiscard]] unsigned long framesRead() const { return framesRead_; }
   [[nodiscard]] std::size_t bytesWaiting() const {
     return waiting_.size() + inFlight_.size() - written_;
@@ -65,7 +72,8 @@ class Session : public std::enable_shared_from_this<Session> {
   std::string whyClosed_{};
   bool awaitingAnswer_ = false;
   bool askedForBody_ = false;
-  Clock::time_point lastFrame_ = Clock::now();  ///< at first: when it was accepted
+  Clock::time_point accepted_ = Clock::now();
+  Clock::time_point silentSince_ = accepted_;  ///< its last frame, or the message behind that
   unsigned long framesRead_ = 0;
 };
 

@@ -30,10 +30,19 @@ Summary MatchServer::run(const std::function<bool()>& shouldStop,
     LapWatch watch;
     goesOn = waitForCycle(shouldStop);
     watch.lap(report_.work.link);
-    if (goesOn) playCycle(say, onCycle);
+    if (!goesOn) break;
+    try {
+      playCycle(say, onCycle);
+    } catch (const Diverged& error) {
+      fault_ = error.what();
+      goesOn = false;
+    }
   }
   report_.seconds = std::chrono::duration<double>(Clock::now() - start).count();
-  say(lineOf({match_.now(), match_.finished() ? "the match is over" : "stopped"}));
+  const std::string end = fault_              ? "the match ends here, " + *fault_
+                          : match_.finished() ? "the match is over"
+                                              : "stopped";
+  say(lineOf({match_.now(), end}));
   hub_.finish(Clock::now() + kFarewell);
   return match_.summary();
 }

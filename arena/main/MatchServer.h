@@ -46,12 +46,15 @@ class MatchServer {
   /// Plays until the match is over or SHOULD_STOP says so (asked at least every 50 ms), then ends
   /// all sessions. SAY gets one line, without a line feed, for everything that happens. ONCYCLE
   /// gets the record of every cycle, once its messages are on their way; it must return at once.
+  /// Physics that diverge end the match with the cycle before.
   Summary run(const std::function<bool()>& shouldStop,
               const std::function<void(const std::string&)>& say,
               const std::function<void(CycleRecord&)>& onCycle = {});
 
   /// Of the cycles so far.
   [[nodiscard]] const PaceReport& pace() const { return report_; }
+  /// Why the match ended before its time, if it wasn't stopped.
+  [[nodiscard]] const std::optional<std::string>& fault() const { return fault_; }
 
  private:
   using Clock = Hub::Clock;
@@ -71,6 +74,7 @@ class MatchServer {
   int slipsNoted_ = 0;                 ///< of the clock's, in the match's records
   CycleTimes::Span handedOn_{};        ///< what came behind the last cycle's messages
   PaceReport report_{};
+  std::optional<std::string> fault_{};
 };
 
 }  // namespace arena

@@ -57,6 +57,14 @@ CLI::Option* addViewPort(CLI::App& app, ViewOptions& view) {
       ->check(CLI::Range(0, 65535));
 }
 
+/// A match's options before COMMAND would be taken silently for nothing.
+void requireNoneOf(const CLI::App& app, const CLI::App& command) {
+  for (const CLI::Option* option : app.get_options()) {
+    if (option->count() == 0) continue;
+    throw UsageError(option->get_name() + " is for a match, not for " + command.get_name());
+  }
+}
+
 std::string oneLine(std::string text) {
   std::replace(text.begin(), text.end(), '\n', ' ');
   return text;
@@ -150,8 +158,14 @@ Request readOptions(const std::vector<std::string>& arguments) {
     throw UsageError(oneLine(error.what()));
   }
 
-  if (*replayCommand) return replay;
-  if (*pictureCommand) return picture;
+  if (*replayCommand) {
+    requireNoneOf(app, *replayCommand);
+    return replay;
+  }
+  if (*pictureCommand) {
+    requireNoneOf(app, *pictureCommand);
+    return picture;
+  }
   if (!noise) match.senses.noise.reset();
   using Milliseconds = std::chrono::duration<double, std::milli>;
   link.silence = std::chrono::duration_cast<std::chrono::milliseconds>(

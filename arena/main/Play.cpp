@@ -92,7 +92,7 @@ int play(const PlayOptions& options) {
 
   std::cout << '\n' << textOf(summary) << textOf(server.pace()) << std::flush;
   writeSummary(json, summary);
-  return 0;
+  return server.fault() ? 1 : 0;
 }
 
 }  // namespace arena

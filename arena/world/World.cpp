@@ -186,7 +186,7 @@ struct World::Physics {
   /// The engine starts over by itself when its numbers run away; a match must not go on silently.
   void requireSound() const {
     for (const int kind : {mjWARN_BADQPOS, mjWARN_BADQVEL, mjWARN_BADQACC}) {
-      if (data->warning[kind].number > 0) throw std::runtime_error("world: the physics diverged");
+      if (data->warning[kind].number > 0) throw Diverged("the physics diverged");
     }
   }
 

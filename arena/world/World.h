@@ -7,6 +7,7 @@
 /// states read afterwards are those at the end of its last step.
 
 #include <memory>
+#include <stdexcept>
 #include <vector>
 
 #include "arena/world/State.h"
@@ -24,6 +25,11 @@ struct WorldSettings {
   double contactTimeConstant = 0.02;  ///< [s]
   double massFactor = 1.0;            ///< on every link
   double servoSpeedFactor = 1.0;      ///< on every commanded speed
+};
+
+/// The physics ran away: numbers that no world has.
+struct Diverged : std::runtime_error {
+  using std::runtime_error::runtime_error;
 };
 
 class World {
@@ -72,8 +78,7 @@ class World {
   /// Puts the ball somewhere with a velocity, not spinning.
   void setBall(const Vec3& position, const Vec3& velocity = {});
 
-  /// One cycle of 0.02 s. Throws std::runtime_error should the physics ever diverge; the world is
-  /// of no use then.
+  /// One cycle of 0.02 s. Throws Diverged, and the world is of no use then.
   void advance();
 
   [[nodiscard]] RobotState robot(int slot) const;

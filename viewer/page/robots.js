@@ -111,8 +111,4 @@ export class Robots {
     dispose(shadow);
     this.bySlot.delete(slot);
   }
-
-  clear() {
-    for (const slot of [...this.bySlot.keys()]) this.remove(slot);
-  }
 }

@@ -49,9 +49,10 @@ void addJudge(CLI::App& program, int& status) {
   command->add_option("--scripts", settings.scripts, "folder of the scripts")
       ->check(CLI::ExistingDirectory);
   command->add_option("--only", settings.only, "motions, or what their names begin with");
-  command->add_option("--worlds", settings.worlds, "perturbed worlds for each motion")
+  CLI::Option* const worlds = command->add_option("--worlds", settings.worlds, "perturbed worlds for each motion")
       ->check(CLI::Range(0, kMostWorlds));
-  command->add_flag("--quick", options->quick, "only " + std::to_string(kQuickWorlds) + " perturbed worlds");
+  command->add_flag("--quick", options->quick, "only " + std::to_string(kQuickWorlds) + " perturbed worlds")
+      ->excludes(worlds);
   command->add_option("--first-seed", settings.firstSeed, "of the perturbed worlds")
       ->check(CLI::Range(std::uint64_t{0}, kFirstTuningSeed - 1));
   command->add_option("--workers", settings.workers, "processes at once; 0: one per core")

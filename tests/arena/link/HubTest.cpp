@@ -172,6 +172,21 @@ TEST(Hub, ASilentSessionIsEndedAndATalkingOneIsNot) {
   EXPECT_EQ(lost[0].why, "silent for 400 ms");
 }
 
+TEST(Hub, APlayerMayWaitForItsFirstMessage) {
+  LinkSettings settings = anyPort();
+  settings.silence = 50ms;
+  Hub hub(settings);
+  WireClient player(hub.port());
+  player.say("(scene rsg/agent/nao/nao.rsg)");
+  serveFrames(hub, 1);
+  hub.serveUntil(Clock::now() + 200ms);
+  EXPECT_TRUE(hub.takeLost().empty());
+  // From here on it owes an answer, and its time begins.
+  hub.send(1, "(time)");
+  EXPECT_TRUE(hub.takeLost().empty());
+  EXPECT_EQ(serveLoss(hub).why, "silent for 50 ms");
+}
+
 TEST(Hub, BytesThatNeverMakeAFrameAreSilence) {
   LinkSettings settings = anyPort();
   settings.silence = 100ms;
@@ -260,6 +275,41 @@ TEST(Hub, MoreThanTheMostSessionsAreTurnedAway) {
   EXPECT_EQ(lost.id, 3U);
   EXPECT_EQ(lost.why, "more than 2 sessions");
   EXPECT_TRUE(c.isClosedWithin(kLong));
+}
+
+TEST(Hub, WhoHasNoBodyMakesRoomOnceItHasHadItsTime) {
+  LinkSettings settings = anyPort();
+  settings.maxSessions = 2;
+  settings.timeToAsk = 50ms;
+  Hub hub(settings);
+  WireClient player(hub.port());
+  player.say("(scene rsg/agent/nao/nao.rsg)");
+  serveFrames(hub, 1);
+  WireClient idle(hub.port());
+  idle.say("(he1 1)");
+  serveFrames(hub, 1);
+  hub.serveUntil(Clock::now() + 100ms);
+  WireClient returning(hub.port());
+  const Lost lost = serveLoss(hub);
+  EXPECT_EQ(lost.id, 2U);
+  EXPECT_EQ(lost.why, "more than 2 sessions, and it has no body");
+  EXPECT_TRUE(idle.isClosedWithin(kLong));
+  returning.say("(he1 1)");
+  EXPECT_EQ(serveFrames(hub, 1).begin()->first, 3U);
+  EXPECT_FALSE(player.isClosedWithin(10ms));
+}
+
+TEST(Hub, PlayersWithBodiesDontMakeRoom) {
+  LinkSettings settings = anyPort();
+  settings.maxSessions = 1;
+  settings.timeToAsk = 0ms;
+  Hub hub(settings);
+  WireClient player(hub.port());
+  player.say("(scene rsg/agent/nao/nao.rsg)");
+  serveFrames(hub, 1);
+  WireClient other(hub.port());
+  EXPECT_EQ(serveLoss(hub).id, 2U);
+  EXPECT_FALSE(player.isClosedWithin(10ms));
 }
 
 TEST(Hub, ASessionThatTheMatchClosesIsNotLost) {

@@ -219,7 +219,9 @@ TEST(Faults, AReaderThatStopsReadingIsCutOff) {
 }
 
 TEST(Faults, OfAHundredConnectionsAtOnceSixtyFourStay) {
-  const auto lines = beside(longWait(), [](std::uint16_t port) {
+  ServerSettings settings = longWait();
+  settings.link.timeToAsk = kLong;
+  const auto lines = beside(settings, [](std::uint16_t port) {
     std::vector<std::unique_ptr<WireClient>> crowd;
     for (int i = 0; i < 100; ++i) crowd.push_back(std::make_unique<WireClient>(port));
     EXPECT_TRUE(crowd.back()->isClosedWithin(kLong));

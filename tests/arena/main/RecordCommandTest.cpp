@@ -177,6 +177,9 @@ TEST(RecordCommand, BadFilesAreOneLineEach) {
   EXPECT_EQ(other.status, 1);
   EXPECT_EQ(other.errors, "pitcharena: " + name + ": this is no match record\n");
   EXPECT_EQ(other.output, "");
+  const Outcome mixed = run({"--record", "b.rec", "replay", name});
+  EXPECT_EQ(mixed.status, 2);
+  EXPECT_EQ(mixed.errors, "pitcharena: --record is for a match, not for replay\n");
   const Outcome nothing = run({"replay"});
   EXPECT_EQ(nothing.status, 2);
   EXPECT_THAT(nothing.errors, HasSubstr("FILE"));

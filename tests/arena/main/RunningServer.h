@@ -5,6 +5,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -38,6 +39,8 @@ class RunningServer {
   }
   /// How the pace was kept; only after finish().
   [[nodiscard]] const PaceReport& pace() const { return server_.pace(); }
+  /// What broke it off; only after finish().
+  [[nodiscard]] const std::optional<std::string>& fault() const { return server_.fault(); }
   /// What was said; only after finish().
   [[nodiscard]] const std::vector<std::string>& lines() const { return lines_; }
 

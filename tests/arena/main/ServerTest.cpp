@@ -57,6 +57,21 @@ Record playTwo(const ServerSettings& settings) {
   return record;
 }
 
+// A ground rougher than numbers can tell: they run away once the legs move.
+TEST(MatchServer, DivergedPhysicsEndTheMatchWithItsSummary) {
+  ServerSettings settings = shortMatch(0, 1);
+  settings.match.world.groundFriction = 1e120;
+  RunningServer server(settings);
+  WireClient player(server.port());
+  playScript(player, 1, "Foo", [](int n) { return n < 3 ? "(beam -2 0 0)" : "(lle3 7)(rle3 -7)"; });
+  const Summary summary = server.finish();
+  ASSERT_FALSE(server.lines().empty());
+  EXPECT_TRUE(server.lines().back().ends_with(" s  the match ends here, the physics diverged"))
+      << server.lines().back();
+  EXPECT_EQ(server.fault(), "the physics diverged");
+  EXPECT_EQ(rowOf(summary, "left 1").name, "left 1");
+}
+
 /// A match in which every command came in its cycle. Where a busy machine made one late, the
 /// commands weren't those of the script, and nothing can be said: then it's played again at half
 /// the pace, which may change nothing either.

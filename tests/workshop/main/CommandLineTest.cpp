@@ -57,6 +57,7 @@ TEST_F(CommandLine, WrongOnesAreStatusTwo) {
   EXPECT_EQ(pitchmotion("juggle").status, 2);
   EXPECT_EQ(pitchmotion("check " + at("none.txt")).status, 2);
   EXPECT_EQ(pitchmotion("judge --first-seed 1000000").status, 2);
+  EXPECT_EQ(pitchmotion("judge --quick --worlds 9").status, 2);
   // The thousandth world would be another run's first.
   EXPECT_EQ(pitchmotion("tune walk --worlds 1000").status, 2);
   EXPECT_EQ(pitchmotion("tune walk --sigma 0").status, 2);
