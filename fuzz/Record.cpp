@@ -1,4 +1,5 @@
-/// The reader of match files.
+/// The reader of match files, and what a replay makes of the cycles that it gives out: the summary,
+/// the picture, the page's frames.
 ///
 /// Input: a byte for the form, then
 ///   0  a file, as it is
@@ -12,12 +13,17 @@
 #include <string>
 #include <vector>
 
+#include "arena/match/Statistics.h"
 #include "arena/record/Compression.h"
 #include "arena/record/CycleCodec.h"
 #include "arena/record/FileFormat.h"
 #include "arena/record/RecordReader.h"
 #include "arena/record/Recordable.h"
 #include "fuzz/Input.h"
+#include "viewer/picture/MatchPicture.h"
+#include "viewer/server/Mind.h"
+#include "viewer/server/Protocol.h"
+#include "viewer/server/Timeline.h"
 
 namespace {
 
@@ -75,13 +81,45 @@ class Echo {
   arena::CycleDecoder decoder_{};
 };
 
+/// Whatever a file says, a replay of it can be summed up, drawn and watched.
+class Replay {
+ public:
+  void add(const arena::CycleRecord& record) {
+    echo_.check(record);
+    statistics_.add(record);
+    picture_.add(record);
+    timeline_.add(record);
+    for (const arena::Event& event : record.events) (void)arena::lineOf(event);
+  }
+  void finish() const {
+    const arena::Summary summary = statistics_.summary();
+    demand(arena::textOf(summary).find("\nplayer ") != std::string::npos &&
+               arena::jsonTextOf(summary).ends_with("}\n"),
+           "a match has a summary");
+    demand(arena::picture::svgOf(picture_.drawing()).ends_with("</svg>\n"),
+           "a match has a picture");
+    if (timeline_.empty()) return;
+    for (std::size_t slot = 0; slot < arena::kMostRecordedPlayers; ++slot) {
+      const auto mind = arena::view::mindAt(timeline_, timeline_.last(), slot);
+      if (mind) demand(!arena::view::mindText(*mind).empty(), "a mind can be told");
+    }
+  }
+
+ private:
+  Echo echo_{};
+  arena::Statistics statistics_{};
+  arena::picture::MatchPicture picture_{};
+  arena::view::Timeline timeline_{};
+};
+
 void readFile(const std::string& content) {
   std::istringstream file(content);
   try {
     arena::RecordReader reader(file);
-    Echo echo;
-    while (const auto record = reader.next()) echo.check(*record);
+    Replay replay;
+    while (const auto record = reader.next()) replay.add(*record);
     demand(!reader.next(), "the end stays the end");
+    replay.finish();
   } catch (const arena::RecordError&) {
     // It is no record: said so, which is all that is asked.
   }
@@ -89,12 +127,13 @@ void readFile(const std::string& content) {
 
 void decodeCycles(fuzz::Input& in) {
   arena::CycleDecoder decoder;
-  Echo echo;
+  Replay replay;
   while (!in.empty()) {
     const auto record = decoder.decode(pieceOf(in));
-    if (!record) return;
-    echo.check(*record);
+    if (!record) break;
+    replay.add(*record);
   }
+  replay.finish();
 }
 
 }  // namespace
