@@ -58,10 +58,10 @@ class PlayModes : public BehaviourTest {
   const Event kTakesIt{false, kApproach, {6, 0}};
 };
 
-constexpr std::array<const char*, 5> kLeft{"free_kick_left", "offside_left", "goal_kick_left",
-                                           "corner_kick_left", "kickoff_left"};
-constexpr std::array<const char*, 5> kRight{"free_kick_right", "offside_right", "goal_kick_right",
-                                            "corner_kick_right", "kickoff_right"};
+constexpr std::array<const char*, 5> kModesOfLeft{
+    "free_kick_left", "offside_left", "goal_kick_left", "corner_kick_left", "kickoff_left"};
+constexpr std::array<const char*, 5> kModesOfRight{
+    "free_kick_right", "offside_right", "goal_kick_right", "corner_kick_right", "kickoff_right"};
 constexpr std::array<const char*, 10> kOthers{
     "KickIn_Left", "KickIn_Right",   "Goal_Left",     "GameOver", "",
     "pass_left",   "freekick_left ", "KickOff_Left_", "play_on",  "kickofflft"};
@@ -80,10 +80,10 @@ TEST_F(PlayModes, EachShirtNumberInEachModeOnEachSide) {
       for (const char* mode : {"BeforeKickOff", "beforekickoff"}) {
         EXPECT_EQ(Ask(mode), kIgnored) << here() << mode;
       }
-      for (const char* mode : kLeft) {
+      for (const char* mode : kModesOfLeft) {
         EXPECT_EQ(Ask(mode), !acts ? kGivesUp : left ? kTakesIt : kIgnored) << here() << mode;
       }
-      for (const char* mode : kRight) {
+      for (const char* mode : kModesOfRight) {
         EXPECT_EQ(Ask(mode), !acts ? kGivesUp : left ? kIgnored : kTakesIt) << here() << mode;
       }
       for (const char* mode : kOthers) {

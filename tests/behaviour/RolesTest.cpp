@@ -27,7 +27,7 @@ class Goalkeeper : public BehaviourTest {
   std::string printed;
 };
 
-constexpr const char* kApproach = "!isbehindball\npushed nothing 0\n";
+constexpr const char* kApproachUnpushed = "!isbehindball\npushed nothing 0\n";
 
 TEST_F(Goalkeeper, ContestedOwnBallIsLeftAlone) {
   agent.ballOwner = contestedMyBall;
@@ -41,14 +41,14 @@ TEST_F(Goalkeeper, ContestedOwnBallIsLeftAlone) {
 TEST_F(Goalkeeper, OwnBallIsOnlyApproached) {
   agent.ballOwner = myBall;
   EXPECT_EQ(Decide(-8.0, 0.7, 2, 90), States{});
-  EXPECT_EQ(printed, kApproach);
+  EXPECT_EQ(printed, kApproachUnpushed);
 }
 
 TEST_F(Goalkeeper, EveryOtherOwnerKeepsTheGoal) {
   for (const BallOwner owner : {mateBall, opponentBall, freeBall, contestedMateBall}) {
     agent.ballOwner = owner;
     EXPECT_EQ(Decide(-8.6, 0, 5, 90), States{23}) << owner;
-    EXPECT_EQ(printed, kApproach);
+    EXPECT_EQ(printed, kApproachUnpushed);
   }
 }
 
@@ -76,7 +76,7 @@ TEST_F(Goalkeeper, DivesToTheBallsSideBelowThreeMetres) {
 TEST_F(Goalkeeper, HoldsItsPlaceFromThreeToFourMetres) {
   for (const double distance : {3.0, 3.5, 4.0}) {
     EXPECT_EQ(Decide(0, 0, distance), States{}) << distance;
-    EXPECT_EQ(printed, kApproach);
+    EXPECT_EQ(printed, kApproachUnpushed);
   }
   EXPECT_EQ(Decide(0, 0, std::nextafter(4.0, 5)), States{19});
 }
@@ -106,7 +106,7 @@ TEST_F(Goalkeeper, KeepsStationByBackingUpAndSteppingAside) {
     EXPECT_EQ(Decide(station.x, station.y, 8), station.pushed) << station.x << " " << station.y;
     EXPECT_EQ(agent.shallWalk, station.walks) << station.x;
     EXPECT_EQ(agent.sideStepDest, std::fabs(station.y) > 0.6 ? 0.1 : 99);
-    EXPECT_EQ(printed, kApproach);
+    EXPECT_EQ(printed, kApproachUnpushed);
   }
 }
 

@@ -18,13 +18,13 @@ class PoseScripts : public BodyTest {
   }
 };
 
-struct Keyword {
+struct PoseKeyword {
   const char* word;
   const char* perceptor;
   double sign;
 };
 
-constexpr std::array<Keyword, 20> kKeywords{
+constexpr std::array<PoseKeyword, 20> kPoseKeywords{
     {{"LSP", "laj1", -1}, {"RSP", "raj1", -1}, {"LSR", "laj2", 1},  {"RSR", "raj2", 1},
      {"RHP", "rlj3", -1}, {"LHP", "llj3", -1}, {"RKP", "rlj4", -1}, {"LKP", "llj4", -1},
      {"LHR", "llj2", 1},  {"RHR", "rlj2", 1},  {"LHY", "llj1", 1},  {"RHY", "rlj1", 1},
@@ -32,7 +32,7 @@ constexpr std::array<Keyword, 20> kKeywords{
      {"RER", "raj4", 1},  {"REY", "raj3", 1},  {"LER", "laj4", 1},  {"LEY", "laj3", 1}}};
 
 TEST_F(PoseScripts, EachKeywordMovesItsJointWithItsSign) {
-  for (const Keyword& keyword : kKeywords) {
+  for (const PoseKeyword& keyword : kPoseKeywords) {
     for (jointsFlag& row : body.jointFlags) row.active = false;
     Play(std::string(keyword.word) + " 0.75 MOVE 0.2");
     EXPECT_EQ(ActiveJoints(), Commands{keyword.perceptor}) << keyword.word;

@@ -14,12 +14,6 @@
 
 namespace {
 
-constexpr unsigned long kSeed = 1;
-
-double single(double x) {
-  return static_cast<float>(x);
-}
-
 class ParticleGate : public testing::Test {
  protected:
   void SetUp() override { agent.myPos = VecPosition(3, -3, 0.5); }

@@ -11,8 +11,6 @@
 
 namespace {
 
-constexpr unsigned long kSeed = 1;
-
 /// A filter with a known seed, every particle at LAST and the measurement at CURRENT.
 Particle_filtering seeded(int count, const VecPosition& last, const VecPosition& current) {
   Particle_filtering filter(count);
@@ -23,10 +21,6 @@ Particle_filtering seeded(int count, const VecPosition& last, const VecPosition&
     filter.particles[static_cast<std::size_t>(i)].pos = last;
   }
   return filter;
-}
-
-double single(double x) {
-  return static_cast<float>(x);
 }
 
 TEST(ParticleStep, IsDrawnAroundTheMeasurementXFirst) {

@@ -7,6 +7,13 @@
 
 #include <memory>
 
+inline constexpr unsigned long kSeed = 1;
+
+/// What is left of a number in single precision, in which the measurement is kept.
+inline double single(double x) {
+  return static_cast<float>(x);
+}
+
 class ReferenceDraws {
  public:
   explicit ReferenceDraws(unsigned long seed) : rng_(gsl_rng_alloc(gsl_rng_mt19937)) {

@@ -5,11 +5,10 @@
 
 #include "math/Circle.h"
 #include "math/Geometry.h"
+#include "tests/math/Constants.h"
 #include "tests/support/Places.h"
 
 namespace {
-
-const VecPosition kOrigin(0, 0, 0);
 
 /// Start values that no crossing here has.
 struct Crossing {

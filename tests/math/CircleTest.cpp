@@ -9,12 +9,11 @@
 #include <sstream>
 
 #include "math/Geometry.h"
+#include "tests/math/Constants.h"
 #include "tests/support/OutputCapture.h"
 #include "tests/support/Places.h"
 
 namespace {
-
-const VecPosition kOrigin(0, 0, 0);
 
 TEST(Circle, StartsAtNoKnownPlace) {
   const Circle circle;

@@ -5,10 +5,9 @@
 #include <limits>
 
 #include "math/Geometry.h"
+#include "tests/math/Constants.h"
 
 namespace {
-
-constexpr double kTiny = 1e-12;
 
 TEST(Constants, ToleranceAndPi) {
   EXPECT_EQ(EPSILON, 0.0001);

@@ -13,7 +13,7 @@ namespace {
 using FromEuler = void (Matrix3::*)(const double&, const double&, const double&);
 using ToEuler = bool (Matrix3::*)(double&, double&, double&) const;
 
-struct Order {
+struct EulerOrder {
   std::string name;
   FromEuler from;
   ToEuler to;
@@ -27,7 +27,7 @@ struct Order {
   }
 };
 
-const Order kOrders[] = {
+const EulerOrder kEulerOrders[] = {
     {"XYZ", &Matrix3::fromEulerAnglesXYZ, &Matrix3::toEulerAnglesXYZ},
     {"XZY", &Matrix3::fromEulerAnglesXZY, &Matrix3::toEulerAnglesXZY},
     {"YXZ", &Matrix3::fromEulerAnglesYXZ, &Matrix3::toEulerAnglesYXZ},
@@ -42,7 +42,7 @@ TEST(EulerProperties, EachOrderIsTheProductOfItsTurns) {
     const double a = values.between(-4, 4);
     const double b = values.between(-4, 4);
     const double c = values.between(-4, 4);
-    for (const Order& order : kOrders) {
+    for (const EulerOrder& order : kEulerOrders) {
       Matrix3 matrix;
       (matrix.*order.from)(a, b, c);
       ASSERT_LT(apart(eigen(matrix), order.product(a, b, c)), 1e-12) << order.name;
@@ -56,7 +56,7 @@ TEST(EulerProperties, EachOrderGoesThereAndBackAwayFromThePoles) {
     const double a = values.between(-3.14, 3.14);
     const double b = values.between(-1.56, 1.56);
     const double c = values.between(-3.14, 3.14);
-    for (const Order& order : kOrders) {
+    for (const EulerOrder& order : kEulerOrders) {
       SCOPED_TRACE(order.name);
       Matrix3 matrix;
       (matrix.*order.from)(a, b, c);
@@ -78,7 +78,7 @@ TEST(EulerProperties, EachOrderSaysFalseAtBothPoles) {
     const double a = values.between(-3, 3);
     const double c = values.between(-3, 3);
     const double pole = (i % 2 == 0 ? 0.5 : -0.5) * PI;
-    for (const Order& order : kOrders) {
+    for (const EulerOrder& order : kEulerOrders) {
       SCOPED_TRACE(order.name);
       Matrix3 matrix;
       (matrix.*order.from)(a, pole, c);
@@ -100,7 +100,7 @@ TEST(EulerProperties, AngleAtThePoleBuildsTheRotationInHalfTheOrders) {
     const double a = values.between(-3, 3);
     const double c = values.between(-3, 3);
     const bool top = i % 2 == 0;
-    for (const Order& order : kOrders) {
+    for (const EulerOrder& order : kEulerOrders) {
       if (order.name != "XYZ" && order.name != "YZX" && order.name != "ZXY" &&
           !(order.name == "ZYX" && top)) {
         continue;
@@ -125,7 +125,7 @@ TEST(EulerProperties, QuaternionTurnsAboutXThenZThenYAndComesBack) {
     SCOPED_TRACE(testing::Message() << angles);
     Quaternion q;
     q.fromEulerAngles(angles);
-    const Order yzx = kOrders[3];
+    const EulerOrder yzx = kEulerOrders[3];
     ASSERT_LT(apart(eigen(q.toMatrix3()),
                     yzx.product(Deg2Rad(angles.y), Deg2Rad(angles.z), Deg2Rad(angles.x))),
               1e-12);

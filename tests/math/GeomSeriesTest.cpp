@@ -5,11 +5,10 @@
 #include <string>
 
 #include "math/Algebra.h"
+#include "tests/math/Constants.h"
 #include "tests/support/OutputCapture.h"
 
 namespace {
-
-constexpr double kTiny = 1e-12;
 
 /// What GeomSeries says on standard error meanwhile.
 template <typename Call>

@@ -12,7 +12,7 @@
 namespace {
 
 // Direction (2, 3, 6) / 7.
-const Line3 kSlanted({1, 1, 1}, {3, 4, 7});
+const Line3 kSlantedLine({1, 1, 1}, {3, 4, 7});
 
 TEST(Line3, IsAPlainValueOfSixNumbers) {
   EXPECT_FALSE(std::is_polymorphic_v<Line3>);
@@ -25,18 +25,18 @@ TEST(Line3, StartsAlongXThroughTheOrigin) {
 }
 
 TEST(Line3, TwoPointsGiveAUnitDirectionFromTheFirst) {
-  EXPECT_THAT(kSlanted.direction, IsPlaceNear(2.0 / 7, 3.0 / 7, 6.0 / 7));
-  EXPECT_THAT(kSlanted.point, IsPlace(1, 1, 1));
+  EXPECT_THAT(kSlantedLine.direction, IsPlaceNear(2.0 / 7, 3.0 / 7, 6.0 / 7));
+  EXPECT_THAT(kSlantedLine.point, IsPlace(1, 1, 1));
   Line3 line;
   EXPECT_TRUE(line.makeLineFromTwoPoints({1, 1, 1}, {1, 1, -3}));
   EXPECT_THAT(line.direction, IsPlace(0, 0, -1));
 }
 
 TEST(Line3, PointWithItselfIsReportedAndLeavesTheLineAsItWas) {
-  Line3 line = kSlanted;
+  Line3 line = kSlantedLine;
   OutputCapture errors(OutputCapture::Stream::Error);
   EXPECT_FALSE(line.makeLineFromTwoPoints({5, 6, 7}, {5, 6, 7}));
-  EXPECT_TRUE(line == kSlanted);
+  EXPECT_TRUE(line == kSlantedLine);
   const Line3 made({5, 6, 7}, {5, 6, 7});
   EXPECT_TRUE(made == Line3());
   const std::string once = "(Line3::makeLineFromTwoPoints) Given points are identical\n";
@@ -84,10 +84,10 @@ TEST(Line3, LineOfTheFieldLiesAtHeightZero) {
 }
 
 TEST(Line3, PointIsSetAsGiven) {
-  Line3 line = kSlanted;
+  Line3 line = kSlantedLine;
   line.setPoint({9, 8, 7});
   EXPECT_THAT(line.getPoint(), IsPlace(9, 8, 7));
-  EXPECT_EQ(line.getVector(), kSlanted.direction);
+  EXPECT_EQ(line.getVector(), kSlantedLine.direction);
 }
 
 TEST(Line3, EqualityIsOfDirectionAndPoint) {
@@ -137,7 +137,7 @@ TEST(Line3Distance, EveryPointIsOnALineWithoutDirection) {
 TEST(Line3Distance, ClosestPointIsTheFoot) {
   EXPECT_THAT(Line3({2, 5, 1}, {2, 6, 1}).getPointOnLineClosestTo({7, 8, 9}), IsPlaceNear(2, 8, 1));
   // (4, 4, 1) = (1, 1, 1) + (3, 3, 0), and (3, 3, 0) · (2, 3, 6) / 49 = 15 / 49.
-  EXPECT_THAT(kSlanted.getPointOnLineClosestTo({4, 4, 1}),
+  EXPECT_THAT(kSlantedLine.getPointOnLineClosestTo({4, 4, 1}),
               IsPlaceNear(79.0 / 49, 94.0 / 49, 139.0 / 49));
 }
 

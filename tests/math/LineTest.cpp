@@ -7,11 +7,10 @@
 #include <string>
 #include <utility>
 
+#include "tests/math/Constants.h"
 #include "tests/support/OutputCapture.h"
 
 namespace {
-
-constexpr double kTiny = 1e-12;
 
 void expectLine(const Line& line, double a, double b, double c) {
   EXPECT_NEAR(line.a, a, kTiny);

@@ -13,7 +13,7 @@
 
 namespace {
 
-const Matrix3 kCount(1, 2, 3, 4, 5, 6, 7, 8, 9);
+const Matrix3 kOneToNine(1, 2, 3, 4, 5, 6, 7, 8, 9);
 const Matrix3 kRegular(2, 0, 1, 1, 3, 2, 1, 1, 4);  // determinant 2 (12 - 2) + (1 - 3) = 18
 
 TEST(Matrix3, IsAPlainValueOfNineNumbers) {
@@ -25,27 +25,28 @@ TEST(Matrix3, StartsAsTheIdentity) {
   EXPECT_TRUE(Matrix3() == Matrix3(1, 0, 0, 0, 1, 0, 0, 0, 1));
   EXPECT_TRUE(Matrix3::identity == Matrix3());
   EXPECT_TRUE(Matrix3::zero == Matrix3(0, 0, 0, 0, 0, 0, 0, 0, 0));
-  Matrix3 matrix = kCount;
+  Matrix3 matrix = kOneToNine;
   matrix.clearMatrix();
   EXPECT_TRUE(matrix == Matrix3::identity);
 }
 
 TEST(Matrix3, ElementsStandRowByRow) {
   const double rows[3][3] = {{1, 2, 3}, {4, 5, 6}, {7, 8, 9}};
-  EXPECT_TRUE(Matrix3(rows) == kCount);
+  EXPECT_TRUE(Matrix3(rows) == kOneToNine);
   double expected = 1;
   Matrix3 written;
   for (int r = 0; r < 3; ++r) {
     for (int c = 0; c < 3; ++c) {
-      EXPECT_EQ(kCount[r][c], expected);
+      EXPECT_EQ(kOneToNine[r][c], expected);
       written[r][c] = expected++;
     }
   }
-  EXPECT_TRUE(written == kCount);
+  EXPECT_TRUE(written == kOneToNine);
 }
 
 TEST(Matrix3, TakesTheUpperLeftBlockOfALargerOne) {
-  EXPECT_TRUE(Matrix3(Matrix4(1, 2, 3, 77, 4, 5, 6, 77, 7, 8, 9, 77, 77, 77, 77, 77)) == kCount);
+  EXPECT_TRUE(Matrix3(Matrix4(1, 2, 3, 77, 4, 5, 6, 77, 7, 8, 9, 77, 77, 77, 77, 77)) ==
+              kOneToNine);
 }
 
 TEST(Matrix3, TakesTheRotationOfAQuaternion) {
@@ -54,11 +55,11 @@ TEST(Matrix3, TakesTheRotationOfAQuaternion) {
 }
 
 TEST(Matrix3, ScalarAssignmentSetsAllElements) {
-  Matrix3 matrix = kCount;
+  Matrix3 matrix = kOneToNine;
   Matrix3& result = (matrix = 2.5);
   EXPECT_EQ(&result, &matrix);
   EXPECT_TRUE(matrix == Matrix3(2.5, 2.5, 2.5, 2.5, 2.5, 2.5, 2.5, 2.5, 2.5));
-  matrix = kCount;
+  matrix = kOneToNine;
   matrix = matrix[1][1];
   EXPECT_TRUE(matrix == Matrix3(5, 5, 5, 5, 5, 5, 5, 5, 5));
 }
@@ -66,12 +67,12 @@ TEST(Matrix3, ScalarAssignmentSetsAllElements) {
 TEST(Matrix3, EqualityIsExactOnEveryElement) {
   for (int r = 0; r < 3; ++r) {
     for (int c = 0; c < 3; ++c) {
-      Matrix3 other = kCount;
-      EXPECT_TRUE(other == kCount);
-      EXPECT_FALSE(other != kCount);
+      Matrix3 other = kOneToNine;
+      EXPECT_TRUE(other == kOneToNine);
+      EXPECT_FALSE(other != kOneToNine);
       other[r][c] = std::nextafter(other[r][c], 100);
-      EXPECT_FALSE(other == kCount);
-      EXPECT_TRUE(other != kCount);
+      EXPECT_FALSE(other == kOneToNine);
+      EXPECT_TRUE(other != kOneToNine);
       other[r][c] = std::nan("");
       EXPECT_FALSE(other == other);
     }
@@ -81,7 +82,7 @@ TEST(Matrix3, EqualityIsExactOnEveryElement) {
 TEST(Matrix3Index, OutOfRangeIsReportedAndStaysWithinTheMatrix) {
   for (const int index : {3, 17, -1}) {
     SCOPED_TRACE(index);
-    Matrix3 matrix = kCount;
+    Matrix3 matrix = kOneToNine;
     const Matrix3& constant = matrix;
     OutputCapture errors(OutputCapture::Stream::Error);
     const double* read = constant[index];
@@ -96,89 +97,89 @@ TEST(Matrix3Index, OutOfRangeIsReportedAndStaysWithinTheMatrix) {
 }
 
 TEST(Matrix3Column, IsReadAndWritten) {
-  EXPECT_THAT(kCount.getColoumn(0), IsPlace(1, 4, 7));
-  EXPECT_THAT(kCount.getColoumn(2), IsPlace(3, 6, 9));
-  Matrix3 matrix = kCount;
+  EXPECT_THAT(kOneToNine.getColoumn(0), IsPlace(1, 4, 7));
+  EXPECT_THAT(kOneToNine.getColoumn(2), IsPlace(3, 6, 9));
+  Matrix3 matrix = kOneToNine;
   matrix.setColoumn(1, {10, 20, 30});
   EXPECT_TRUE(matrix == Matrix3(1, 10, 3, 4, 20, 6, 7, 30, 9));
 }
 
 TEST(Matrix3Column, OutOfBoundsIsReportedAndNothingIsWritten) {
   for (const int index : {3, -1}) {
-    Matrix3 matrix = kCount;
+    Matrix3 matrix = kOneToNine;
     OutputCapture errors(OutputCapture::Stream::Error);
     const VecPosition column = matrix.getColoumn(index);
     matrix.setColoumn(index, {10, 20, 30});
     const std::string end = " Index out of bounds: " + std::to_string(index) + "\n";
     EXPECT_EQ(errors.text(), "(Matrix3::getColoumn)" + end + "(Matrix3::setColoumn)" + end);
     EXPECT_EQ(column, UnknownPosition);
-    EXPECT_TRUE(matrix == kCount);
+    EXPECT_TRUE(matrix == kOneToNine);
   }
 }
 
 TEST(Matrix3Arithmetic, GoesElementByElement) {
   const Matrix3 ten(10, 10, 10, 20, 20, 20, 30, 30, 30);
-  EXPECT_TRUE(kCount + ten == Matrix3(11, 12, 13, 24, 25, 26, 37, 38, 39));
-  EXPECT_TRUE(ten - kCount == Matrix3(9, 8, 7, 16, 15, 14, 23, 22, 21));
-  EXPECT_TRUE(kCount + 1 == Matrix3(2, 3, 4, 5, 6, 7, 8, 9, 10));
-  EXPECT_TRUE(kCount - 1 == Matrix3(0, 1, 2, 3, 4, 5, 6, 7, 8));
-  EXPECT_TRUE(kCount * 2 == Matrix3(2, 4, 6, 8, 10, 12, 14, 16, 18));
-  EXPECT_TRUE(kCount / 2 == Matrix3(0.5, 1, 1.5, 2, 2.5, 3, 3.5, 4, 4.5));
+  EXPECT_TRUE(kOneToNine + ten == Matrix3(11, 12, 13, 24, 25, 26, 37, 38, 39));
+  EXPECT_TRUE(ten - kOneToNine == Matrix3(9, 8, 7, 16, 15, 14, 23, 22, 21));
+  EXPECT_TRUE(kOneToNine + 1 == Matrix3(2, 3, 4, 5, 6, 7, 8, 9, 10));
+  EXPECT_TRUE(kOneToNine - 1 == Matrix3(0, 1, 2, 3, 4, 5, 6, 7, 8));
+  EXPECT_TRUE(kOneToNine * 2 == Matrix3(2, 4, 6, 8, 10, 12, 14, 16, 18));
+  EXPECT_TRUE(kOneToNine / 2 == Matrix3(0.5, 1, 1.5, 2, 2.5, 3, 3.5, 4, 4.5));
 }
 
 TEST(Matrix3Arithmetic, CompoundFormsChangeTheObject) {
-  Matrix3 matrix = kCount;
-  EXPECT_EQ(&(matrix += kCount), &matrix);
-  EXPECT_TRUE(matrix == kCount * 2);
-  matrix -= kCount;
-  EXPECT_TRUE(matrix == kCount);
+  Matrix3 matrix = kOneToNine;
+  EXPECT_EQ(&(matrix += kOneToNine), &matrix);
+  EXPECT_TRUE(matrix == kOneToNine * 2);
+  matrix -= kOneToNine;
+  EXPECT_TRUE(matrix == kOneToNine);
   matrix += 3;
-  EXPECT_TRUE(matrix == kCount + 3);
+  EXPECT_TRUE(matrix == kOneToNine + 3);
   matrix -= 3;
   matrix *= 3;
-  EXPECT_TRUE(matrix == kCount * 3);
+  EXPECT_TRUE(matrix == kOneToNine * 3);
   matrix /= 3;
-  EXPECT_TRUE(matrix == kCount);
+  EXPECT_TRUE(matrix == kOneToNine);
 }
 
 TEST(Matrix3Arithmetic, OwnElementMayBeTheScalar) {
-  Matrix3 matrix = kCount;
+  Matrix3 matrix = kOneToNine;
   matrix += matrix[0][1];
-  EXPECT_TRUE(matrix == kCount + 2);
-  matrix = kCount;
+  EXPECT_TRUE(matrix == kOneToNine + 2);
+  matrix = kOneToNine;
   matrix -= matrix;
   EXPECT_TRUE(matrix == Matrix3::zero);
 }
 
 TEST(Matrix3Product, ThisStandsOnTheLeft) {
   const Matrix3 swapRows(0, 1, 0, 1, 0, 0, 0, 0, 1);
-  EXPECT_TRUE(swapRows * kCount == Matrix3(4, 5, 6, 1, 2, 3, 7, 8, 9));
-  EXPECT_TRUE(kCount * swapRows == Matrix3(2, 1, 3, 5, 4, 6, 8, 7, 9));
-  EXPECT_TRUE(kCount * kCount == Matrix3(30, 36, 42, 66, 81, 96, 102, 126, 150));
-  Matrix3 matrix = kCount;
+  EXPECT_TRUE(swapRows * kOneToNine == Matrix3(4, 5, 6, 1, 2, 3, 7, 8, 9));
+  EXPECT_TRUE(kOneToNine * swapRows == Matrix3(2, 1, 3, 5, 4, 6, 8, 7, 9));
+  EXPECT_TRUE(kOneToNine * kOneToNine == Matrix3(30, 36, 42, 66, 81, 96, 102, 126, 150));
+  Matrix3 matrix = kOneToNine;
   matrix *= matrix;
   EXPECT_TRUE(matrix == Matrix3(30, 36, 42, 66, 81, 96, 102, 126, 150));
 }
 
 TEST(Matrix3Product, VectorsAreColumnsOnTheRightAndRowsOnTheLeft) {
-  EXPECT_THAT(kCount * VecPosition(1, 10, 100), IsPlace(321, 654, 987));
-  EXPECT_THAT(VecPosition(1, 10, 100) * kCount, IsPlace(741, 852, 963));
+  EXPECT_THAT(kOneToNine * VecPosition(1, 10, 100), IsPlace(321, 654, 987));
+  EXPECT_THAT(VecPosition(1, 10, 100) * kOneToNine, IsPlace(741, 852, 963));
 }
 
 TEST(Matrix3Inverse, DeterminantAndTranspose) {
   EXPECT_EQ(Matrix3::identity.getDeterminant(), 1);
   EXPECT_EQ(kRegular.getDeterminant(), 18);
-  EXPECT_EQ(kCount.getDeterminant(), 0);
-  EXPECT_TRUE(kCount.getTranspose() == Matrix3(1, 4, 7, 2, 5, 8, 3, 6, 9));
+  EXPECT_EQ(kOneToNine.getDeterminant(), 0);
+  EXPECT_TRUE(kOneToNine.getTranspose() == Matrix3(1, 4, 7, 2, 5, 8, 3, 6, 9));
 }
 
 TEST(Matrix3Inverse, IsTheCofactorsOverTheDeterminant) {
   const Matrix3 expected = Matrix3(10, 1, -3, -2, 7, -3, -2, -2, 6) / 18;
   EXPECT_TRUE(kRegular.getInverseMatrix() == expected);
-  EXPECT_TRUE(kCount / kRegular == kCount * expected);
-  Matrix3 matrix = kCount;
+  EXPECT_TRUE(kOneToNine / kRegular == kOneToNine * expected);
+  Matrix3 matrix = kOneToNine;
   matrix /= kRegular;
-  EXPECT_TRUE(matrix == kCount * expected);
+  EXPECT_TRUE(matrix == kOneToNine * expected);
 }
 
 TEST(Matrix3Inverse, ZeroIsReportedAndHasNone) {

@@ -12,10 +12,10 @@
 
 namespace {
 
-const Matrix4 kCount(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16);
+const Matrix4 kOneToSixteen(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16);
 const Matrix3 kBlock(1, 2, 3, 5, 6, 7, 9, 10, 11);
 /// A third of a turn: x to y, y to z, z to x.
-const Quaternion kThird(0.5, 0.5, 0.5, 0.5);
+const Quaternion kThirdOfTurn(0.5, 0.5, 0.5, 0.5);
 
 TEST(Matrix4, IsAPlainValueOfSixteenNumbers) {
   EXPECT_FALSE(std::is_polymorphic_v<Matrix4>);
@@ -26,27 +26,27 @@ TEST(Matrix4, StartsAsTheIdentity) {
   EXPECT_TRUE(Matrix4() == Matrix4(1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1));
   EXPECT_TRUE(Matrix4::identity == Matrix4());
   EXPECT_TRUE(Matrix4::zero == Matrix4(0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0));
-  Matrix4 matrix = kCount;
+  Matrix4 matrix = kOneToSixteen;
   matrix.clearMatrix();
   EXPECT_TRUE(matrix == Matrix4::identity);
 }
 
 TEST(Matrix4, ElementsStandRowByRow) {
   const double rows[4][4] = {{1, 2, 3, 4}, {5, 6, 7, 8}, {9, 10, 11, 12}, {13, 14, 15, 16}};
-  EXPECT_TRUE(Matrix4(rows) == kCount);
+  EXPECT_TRUE(Matrix4(rows) == kOneToSixteen);
   double expected = 1;
   Matrix4 written;
   for (int r = 0; r < 4; ++r) {
     for (int c = 0; c < 4; ++c) {
-      EXPECT_EQ(kCount[r][c], expected);
+      EXPECT_EQ(kOneToSixteen[r][c], expected);
       written[r][c] = expected++;
     }
   }
-  EXPECT_TRUE(written == kCount);
+  EXPECT_TRUE(written == kOneToSixteen);
 }
 
 TEST(Matrix4, ScalarAssignmentSetsAllElements) {
-  Matrix4 matrix = kCount;
+  Matrix4 matrix = kOneToSixteen;
   matrix = 2.5;
   EXPECT_TRUE(matrix == Matrix4::zero + 2.5);
 }
@@ -54,12 +54,12 @@ TEST(Matrix4, ScalarAssignmentSetsAllElements) {
 TEST(Matrix4, EqualityIsExactOnEveryElement) {
   for (int r = 0; r < 4; ++r) {
     for (int c = 0; c < 4; ++c) {
-      Matrix4 other = kCount;
-      EXPECT_TRUE(other == kCount);
-      EXPECT_FALSE(other != kCount);
+      Matrix4 other = kOneToSixteen;
+      EXPECT_TRUE(other == kOneToSixteen);
+      EXPECT_FALSE(other != kOneToSixteen);
       other[r][c] = std::nextafter(other[r][c], 100);
-      EXPECT_FALSE(other == kCount);
-      EXPECT_TRUE(other != kCount);
+      EXPECT_FALSE(other == kOneToSixteen);
+      EXPECT_TRUE(other != kOneToSixteen);
     }
   }
 }
@@ -67,7 +67,7 @@ TEST(Matrix4, EqualityIsExactOnEveryElement) {
 TEST(Matrix4Index, OutOfRangeIsReportedAndStaysWithinTheMatrix) {
   for (const int index : {4, 17, -1}) {
     SCOPED_TRACE(index);
-    Matrix4 matrix = kCount;
+    Matrix4 matrix = kOneToSixteen;
     const Matrix4& constant = matrix;
     OutputCapture errors(OutputCapture::Stream::Error);
     const double* read = constant[index];
@@ -82,30 +82,32 @@ TEST(Matrix4Index, OutOfRangeIsReportedAndStaysWithinTheMatrix) {
 }
 
 TEST(Matrix4Arithmetic, GoesElementByElement) {
-  const Matrix4 sum = kCount + kCount;
+  const Matrix4 sum = kOneToSixteen + kOneToSixteen;
   EXPECT_EQ(sum.m[3][2], 30);
-  EXPECT_TRUE(sum == kCount * 2);
-  EXPECT_TRUE(sum - kCount == kCount);
-  EXPECT_TRUE(sum / 2 == kCount);
-  EXPECT_EQ((kCount + 1).m[0][3], 5);
-  EXPECT_EQ((kCount - 1).m[3][0], 12);
-  Matrix4 matrix = kCount;
-  EXPECT_EQ(&(matrix += kCount), &matrix);
+  EXPECT_TRUE(sum == kOneToSixteen * 2);
+  EXPECT_TRUE(sum - kOneToSixteen == kOneToSixteen);
+  EXPECT_TRUE(sum / 2 == kOneToSixteen);
+  EXPECT_EQ((kOneToSixteen + 1).m[0][3], 5);
+  EXPECT_EQ((kOneToSixteen - 1).m[3][0], 12);
+  Matrix4 matrix = kOneToSixteen;
+  EXPECT_EQ(&(matrix += kOneToSixteen), &matrix);
   EXPECT_TRUE(matrix == sum);
-  matrix -= kCount;
+  matrix -= kOneToSixteen;
   matrix *= 3;
-  EXPECT_TRUE(matrix == kCount * 3);
+  EXPECT_TRUE(matrix == kOneToSixteen * 3);
   matrix /= 3;
   matrix += 5;
-  EXPECT_TRUE(matrix == kCount + 5);
+  EXPECT_TRUE(matrix == kOneToSixteen + 5);
   matrix -= 5;
-  EXPECT_TRUE(matrix == kCount);
+  EXPECT_TRUE(matrix == kOneToSixteen);
 }
 
 TEST(Matrix4Product, ThisStandsOnTheLeft) {
   const Matrix4 swapRows(0, 1, 0, 0, 1, 0, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1);
-  EXPECT_TRUE(swapRows * kCount == Matrix4(5, 6, 7, 8, 1, 2, 3, 4, 9, 10, 11, 12, 13, 14, 15, 16));
-  EXPECT_TRUE(kCount * swapRows == Matrix4(2, 1, 3, 4, 6, 5, 7, 8, 10, 9, 11, 12, 14, 13, 15, 16));
+  EXPECT_TRUE(swapRows * kOneToSixteen ==
+              Matrix4(5, 6, 7, 8, 1, 2, 3, 4, 9, 10, 11, 12, 13, 14, 15, 16));
+  EXPECT_TRUE(kOneToSixteen * swapRows ==
+              Matrix4(2, 1, 3, 4, 6, 5, 7, 8, 10, 9, 11, 12, 14, 13, 15, 16));
   Matrix4 matrix = swapRows;
   matrix *= matrix;
   EXPECT_TRUE(matrix == Matrix4::identity);
@@ -139,10 +141,10 @@ TEST(Matrix4Inverse, IsOfTheWholeMatrix) {
   // Rows turned round: a permutation undoes itself backwards, with a block of determinant 0.
   const Matrix4 cycle(0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 1, 0, 0, 0);
   EXPECT_TRUE(cycle.getInverseMatrix() == cycle.getTranspose());
-  EXPECT_TRUE(kCount / cycle == kCount * cycle.getTranspose());
-  Matrix4 quotient = kCount;
+  EXPECT_TRUE(kOneToSixteen / cycle == kOneToSixteen * cycle.getTranspose());
+  Matrix4 quotient = kOneToSixteen;
   quotient /= cycle;
-  EXPECT_TRUE(quotient == kCount * cycle.getTranspose());
+  EXPECT_TRUE(quotient == kOneToSixteen * cycle.getTranspose());
 }
 
 TEST(Matrix4Inverse, SingularMatrixGivesNoNumbersWithoutAWord) {
@@ -157,7 +159,7 @@ TEST(Matrix4Inverse, SingularMatrixGivesNoNumbersWithoutAWord) {
 }
 
 TEST(Matrix4, TransposeExchangesRowsAndColumns) {
-  EXPECT_TRUE(kCount.getTranspose() ==
+  EXPECT_TRUE(kOneToSixteen.getTranspose() ==
               Matrix4(1, 5, 9, 13, 2, 6, 10, 14, 3, 7, 11, 15, 4, 8, 12, 16));
 }
 
@@ -197,23 +199,23 @@ TEST(Matrix4Parts, TranslationMatrixHasTheLastColumn) {
 TEST(Matrix4Block, GoesInWithTheIdentityAroundIt) {
   const Matrix4 expected(1, 2, 3, 0, 5, 6, 7, 0, 9, 10, 11, 0, 0, 0, 0, 1);
   EXPECT_TRUE(Matrix4(kBlock) == expected);
-  Matrix4 matrix = kCount;
+  Matrix4 matrix = kOneToSixteen;
   matrix.fromMatrix3(kBlock);
   EXPECT_TRUE(matrix == expected);
-  EXPECT_TRUE(kCount.toMatrix3() == kBlock);
+  EXPECT_TRUE(kOneToSixteen.toMatrix3() == kBlock);
 }
 
 TEST(Matrix4Block, AssignmentLeavesTheOtherElements) {
-  Matrix4 matrix = kCount;
+  Matrix4 matrix = kOneToSixteen;
   matrix = Matrix3::zero;
   EXPECT_TRUE(matrix == Matrix4(0, 0, 0, 4, 0, 0, 0, 8, 0, 0, 0, 12, 13, 14, 15, 16));
 }
 
 TEST(Matrix4Block, QuaternionGoesInAndComesOut) {
   const Matrix4 expected(0, 0, 1, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 0, 1);
-  EXPECT_TRUE(Matrix4(kThird) == expected);
-  Matrix4 matrix = kCount;
-  matrix.fromQuaternion(kThird);
+  EXPECT_TRUE(Matrix4(kThirdOfTurn) == expected);
+  Matrix4 matrix = kOneToSixteen;
+  matrix.fromQuaternion(kThirdOfTurn);
   EXPECT_TRUE(matrix == expected);
   EXPECT_TRUE(matrix.toQuaternion() == Quaternion(matrix));
   matrix.setTranslation({1, 2, 3});
@@ -221,7 +223,7 @@ TEST(Matrix4Block, QuaternionGoesInAndComesOut) {
 }
 
 TEST(Matrix4Transform, StretchesThenTurnsThenMoves) {
-  const Matrix4 transform = Matrix4::createTransform({10, 20, 30}, {2, 3, 4}, kThird);
+  const Matrix4 transform = Matrix4::createTransform({10, 20, 30}, {2, 3, 4}, kThirdOfTurn);
   EXPECT_TRUE(transform == Matrix4(0, 0, 4, 10, 2, 0, 0, 20, 0, 3, 0, 30, 0, 0, 0, 1));
   EXPECT_TRUE(transform.isAffine());
   EXPECT_THAT(transform * VecPosition(1, 1, 1), IsPlace(14, 22, 33));

@@ -7,15 +7,14 @@
 #include <type_traits>
 
 #include "math/Geometry.h"
+#include "tests/math/Constants.h"
 #include "tests/support/OutputCapture.h"
 #include "tests/support/Places.h"
 
 namespace {
 
-const VecPosition kOrigin(0, 0, 0);
-
 // 2x + 3y + 6z = 14, whose normal has length 7.
-const Plane kSlanted({2, 3, 6}, {7, 0, 0});
+const Plane kSlantedPlane({2, 3, 6}, {7, 0, 0});
 
 TEST(Plane, IsAPlainValueOfFourNumbers) {
   EXPECT_FALSE(std::is_polymorphic_v<Plane>);
@@ -39,8 +38,8 @@ TEST(Plane, AxisPlanesAreWhatTheirNormalsMake) {
 }
 
 TEST(Plane, ScalesTheNormalAndTakesDeltaFromThePoint) {
-  EXPECT_THAT(kSlanted.getPlaneNormal(), IsPlaceNear(2.0 / 7, 3.0 / 7, 6.0 / 7));
-  EXPECT_NEAR(kSlanted.getPlaneDelta(), -2, 1e-12);
+  EXPECT_THAT(kSlantedPlane.getPlaneNormal(), IsPlaceNear(2.0 / 7, 3.0 / 7, 6.0 / 7));
+  EXPECT_NEAR(kSlantedPlane.getPlaneDelta(), -2, 1e-12);
   Plane plane = Plane::XY;
   plane.setPlane({2, 3, 6}, {1, 2, 1});  // another point of the same plane
   EXPECT_THAT(plane.normal, IsPlaceNear(2.0 / 7, 3.0 / 7, 6.0 / 7));
@@ -86,25 +85,26 @@ TEST(Plane, InsideIsExact) {
 TEST(Plane, DistanceIsTheHeightOnEitherSide) {
   EXPECT_EQ(Plane::XY.getDistanceToPoint({3, 4, 5}), 5);
   EXPECT_EQ(Plane::XY.getDistanceToPoint({3, 4, -5}), 5);
-  EXPECT_NEAR(kSlanted.getDistanceToPoint(kOrigin), 2, 1e-12);
-  EXPECT_NEAR(kSlanted.getDistanceToPoint({2, 3, 6}), 5, 1e-12);
+  EXPECT_NEAR(kSlantedPlane.getDistanceToPoint(kOrigin), 2, 1e-12);
+  EXPECT_NEAR(kSlantedPlane.getDistanceToPoint({2, 3, 6}), 5, 1e-12);
 }
 
 TEST(Plane, ClosestPointLiesBelowAlongTheNormal) {
   EXPECT_THAT(Plane::XY.getPointOnPlaneClosestTo({3, 4, 5}), IsPlace(3, 4, 0));
-  EXPECT_THAT(kSlanted.getPointOnPlaneClosestTo({2, 3, 6}),
+  EXPECT_THAT(kSlantedPlane.getPointOnPlaneClosestTo({2, 3, 6}),
               IsPlaceNear(4.0 / 7, 6.0 / 7, 12.0 / 7));
 }
 
 TEST(Plane, ArbitraryPointIsTheOneClosestToTheOrigin) {
-  EXPECT_THAT(kSlanted.getArbitraryPoint(), IsPlaceNear(4.0 / 7, 6.0 / 7, 12.0 / 7));
+  EXPECT_THAT(kSlantedPlane.getArbitraryPoint(), IsPlaceNear(4.0 / 7, 6.0 / 7, 12.0 / 7));
   EXPECT_THAT(Plane::YZ.getArbitraryPoint(), IsPlace(0, 0, 0));
 }
 
 TEST(Plane, MirrorTurnsTheHeightAbout) {
   EXPECT_THAT(Plane::XY.getMirroredPoint({3, 4, 5}), IsPlace(3, 4, -5));
   // From (2, 3, 6), 5 above the plane, 10 down along the normal.
-  EXPECT_THAT(kSlanted.getMirroredPoint({2, 3, 6}), IsPlaceNear(-6.0 / 7, -9.0 / 7, -18.0 / 7));
+  EXPECT_THAT(kSlantedPlane.getMirroredPoint({2, 3, 6}),
+              IsPlaceNear(-6.0 / 7, -9.0 / 7, -18.0 / 7));
 }
 
 TEST(Plane, DihedralAngleIsBetweenTheNormals) {

@@ -4,12 +4,11 @@
 
 #include <cmath>
 
+#include "tests/math/Constants.h"
 #include "tests/math/EigenForms.h"
 #include "tests/math/SeededValues.h"
 
 namespace {
-
-constexpr double kTiny = 1e-12;
 
 Eigen::AngleAxisd turn(double degrees, const VecPosition& axis) {
   return {degrees * std::acos(-1.0) / 180, eigen(axis)};

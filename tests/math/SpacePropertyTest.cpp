@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr double kTiny = 1e-10;
+constexpr double kRounding = 1e-10;
 
 using EigenPlane = Eigen::Hyperplane<double, 3>;
 using EigenLine = Eigen::ParametrizedLine<double, 3>;
@@ -25,15 +25,15 @@ TEST(PlaneProperties, DistanceFootAndMirrorAgreeWithEigen) {
     const VecPosition p = values.place();
     const Plane plane(normal * values.between(0.01, 100), on);
     const EigenPlane expected(eigen(normal), eigen(on));
-    ASSERT_NEAR(plane.getDistanceToPoint(p), expected.absDistance(eigen(p)), kTiny);
+    ASSERT_NEAR(plane.getDistanceToPoint(p), expected.absDistance(eigen(p)), kRounding);
     const VecPosition foot = plane.getPointOnPlaneClosestTo(p);
-    ASSERT_LT(apart(eigen(foot), expected.projection(eigen(p))), kTiny);
-    ASSERT_NEAR(plane.getDistanceToPoint(foot), 0, kTiny);
+    ASSERT_LT(apart(eigen(foot), expected.projection(eigen(p))), kRounding);
+    ASSERT_NEAR(plane.getDistanceToPoint(foot), 0, kRounding);
     ASSERT_NEAR(plane.getArbitraryPoint().getMagnitude(), plane.getDistanceToPoint({0, 0, 0}),
-                kTiny);
+                kRounding);
     const VecPosition mirrored = plane.getMirroredPoint(p);
-    ASSERT_LT(apart(eigen(mirrored), 2 * expected.projection(eigen(p)) - eigen(p)), kTiny);
-    ASSERT_LT(apart(eigen(plane.getMirroredPoint(mirrored)), eigen(p)), kTiny);
+    ASSERT_LT(apart(eigen(mirrored), 2 * expected.projection(eigen(p)) - eigen(p)), kRounding);
+    ASSERT_LT(apart(eigen(plane.getMirroredPoint(mirrored)), eigen(p)), kRounding);
   }
 }
 
@@ -46,8 +46,8 @@ TEST(PlaneProperties, NoOtherPointOfThePlaneIsCloser) {
     // Another point of the plane, by a step across the normal.
     const VecPosition across = plane.normal.cross(values.direction());
     const VecPosition other = plane.getArbitraryPoint() + across * values.between(-20, 20);
-    ASSERT_NEAR(plane.getDistanceToPoint(other), 0, kTiny);
-    ASSERT_LE(closest, p.getDistanceTo(other) + kTiny);
+    ASSERT_NEAR(plane.getDistanceToPoint(other), 0, kRounding);
+    ASSERT_LE(closest, p.getDistanceTo(other) + kRounding);
   }
 }
 
@@ -62,7 +62,7 @@ TEST(PlaneProperties, SharedLineLiesOnBothPlanes) {
     }
     Line3 line;
     ASSERT_TRUE(one.getIntersectionWithPlane(other, line));
-    ASSERT_NEAR(line.direction.getMagnitude(), 1, kTiny);
+    ASSERT_NEAR(line.direction.getMagnitude(), 1, kRounding);
     for (const double t : {-5.0, 0.0, 7.0}) {
       const VecPosition p = line.point + line.direction * t;
       ASSERT_NEAR(one.getDistanceToPoint(p), 0, 1e-8);
@@ -84,11 +84,12 @@ TEST(Line3Properties, DistanceAndFootAgreeWithEigen) {
     }
     const Line3 line(a, b);
     const EigenLine expected = EigenLine::Through(eigen(a), eigen(b));
-    ASSERT_NEAR(line.getDistanceWithPoint(p), expected.distance(eigen(p)), kTiny);
-    ASSERT_LT(apart(eigen(line.getPointOnLineClosestTo(p)), expected.projection(eigen(p))), kTiny);
+    ASSERT_NEAR(line.getDistanceWithPoint(p), expected.distance(eigen(p)), kRounding);
+    ASSERT_LT(apart(eigen(line.getPointOnLineClosestTo(p)), expected.projection(eigen(p))),
+              kRounding);
     ASSERT_TRUE(line.isPointOnLine(line.getPointOnLineClosestTo(p)));
     const VecPosition other = line.point + line.direction * values.between(-20, 20);
-    ASSERT_LE(line.getDistanceWithPoint(p), p.getDistanceTo(other) + kTiny);
+    ASSERT_LE(line.getDistanceWithPoint(p), p.getDistanceTo(other) + kRounding);
   }
 }
 
@@ -108,8 +109,8 @@ TEST(Line3Properties, MeetingAPlaneAgreesWithEigen) {
     Line3 shadow;
     ASSERT_TRUE(line.getProjectionOnPlane(plane, shadow));
     ASSERT_NEAR(shadow.getDistanceWithPoint(met), 0, 1e-7);
-    ASSERT_NEAR(plane.getDistanceToPoint(shadow.point), 0, kTiny);
-    ASSERT_NEAR(plane.getDistanceToPoint(shadow.point + shadow.direction), 0, kTiny);
+    ASSERT_NEAR(plane.getDistanceToPoint(shadow.point), 0, kRounding);
+    ASSERT_NEAR(plane.getDistanceToPoint(shadow.point + shadow.direction), 0, kRounding);
   }
 }
 

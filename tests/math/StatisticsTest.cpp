@@ -5,12 +5,11 @@
 #include <vector>
 
 #include "math/Algebra.h"
+#include "tests/math/Constants.h"
 
 namespace {
 
-constexpr double kTiny = 1e-12;
-
-void expectLine(const Line& line, double a, double b, double c) {
+void expectFit(const Line& line, double a, double b, double c) {
   EXPECT_NEAR(line.a, a, kTiny);
   EXPECT_NEAR(line.b, b, kTiny);
   EXPECT_NEAR(line.c, c, kTiny);
@@ -18,23 +17,23 @@ void expectLine(const Line& line, double a, double b, double c) {
 
 TEST(Regression, PointsOfALineGiveThatLine) {
   double points[][2] = {{0, 1}, {1, 3}, {2, 5}};
-  expectLine(Statistics::getLinearRegression(points, 3), 1, -2, -1);
-  expectLine(Statistics::getLinearRegression({{0, 1}, {1, 3}, {2, 5}}), 1, -2, -1);
+  expectFit(Statistics::getLinearRegression(points, 3), 1, -2, -1);
+  expectFit(Statistics::getLinearRegression({{0, 1}, {1, 3}, {2, 5}}), 1, -2, -1);
 }
 
 TEST(Regression, OnlyTheFirstNPointsCount) {
   double points[][2] = {{0, 1}, {1, 3}, {2, 50}};
-  expectLine(Statistics::getLinearRegression(points, 2), 1, -2, -1);
+  expectFit(Statistics::getLinearRegression(points, 2), 1, -2, -1);
 }
 
 TEST(Regression, HeightsPlayNoPart) {
-  expectLine(Statistics::getLinearRegression({{0, 1, 9}, {1, 3, -4}, {2, 5, 0}}), 1, -2, -1);
+  expectFit(Statistics::getLinearRegression({{0, 1, 9}, {1, 3, -4}, {2, 5, 0}}), 1, -2, -1);
 }
 
 // Means (1, 1): sxy = 1 + 0 + 0, sxx = 2.
 TEST(Regression, ScatteredPointsByHand) {
   double points[][2] = {{0, 0}, {1, 2}, {2, 1}};
-  expectLine(Statistics::getLinearRegression(points, 3), 1, -0.5, -0.5);
+  expectFit(Statistics::getLinearRegression(points, 3), 1, -0.5, -0.5);
 }
 
 TEST(Regression, AgreesWithAnOrthogonalFactorisation) {
@@ -48,22 +47,22 @@ TEST(Regression, AgreesWithAnOrthogonalFactorisation) {
     values(row) = points[i].y;
   }
   const Eigen::Vector2d expected = design.colPivHouseholderQr().solve(values);
-  expectLine(Statistics::getLinearRegression(points), 1, -expected(0), -expected(1));
+  expectFit(Statistics::getLinearRegression(points), 1, -expected(0), -expected(1));
 }
 
 TEST(Regression, PointsOfOneXGiveTheVerticalLine) {
   double points[][2] = {{3, -1}, {3, 0}, {3, 7}};
-  expectLine(Statistics::getLinearRegression(points, 3), 0, 1, -3);
-  expectLine(Statistics::getLinearRegression({{3, -1}, {3, 0}, {3, 7}}), 0, 1, -3);
+  expectFit(Statistics::getLinearRegression(points, 3), 0, 1, -3);
+  expectFit(Statistics::getLinearRegression({{3, -1}, {3, 0}, {3, 7}}), 0, 1, -3);
 }
 
 TEST(Regression, SinglePointGivesTheVerticalLineThroughIt) {
-  expectLine(Statistics::getLinearRegression({{2, 5}}), 0, 1, -2);
+  expectFit(Statistics::getLinearRegression({{2, 5}}), 0, 1, -2);
 }
 
 TEST(Regression, SpreadBelowTheToleranceIsVertical) {
-  expectLine(Statistics::getLinearRegression({{-0.005, 0}, {0.005, 1}}), 0, 1, 0);  // 0.00005
-  const Line sloped = Statistics::getLinearRegression({{-0.01, 0}, {0.01, 1}});     // 0.0002
+  expectFit(Statistics::getLinearRegression({{-0.005, 0}, {0.005, 1}}), 0, 1, 0);  // 0.00005
+  const Line sloped = Statistics::getLinearRegression({{-0.01, 0}, {0.01, 1}});    // 0.0002
   EXPECT_EQ(sloped.a, 1);
   EXPECT_NEAR(sloped.b, -50, 1e-9);
 }

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
 
 void expectMembers(const VecPosition& v, double x, double y, double z) {
   EXPECT_DOUBLE_EQ(v.x, x);
@@ -125,11 +125,11 @@ TEST(VecPositionEquality, IsExactOnAllThreeMembers) {
 }
 
 TEST(VecPositionEquality, NotANumberDiffersFromEverything) {
-  const VecPosition v(1, kNaN, 3);
+  const VecPosition v(1, kNotANumber, 3);
   EXPECT_FALSE(v == v);
   EXPECT_TRUE(v != v);
-  EXPECT_FALSE(VecPosition(kNaN, kNaN, kNaN) == kNaN);
-  EXPECT_TRUE(VecPosition(kNaN, kNaN, kNaN) != kNaN);
+  EXPECT_FALSE(VecPosition(kNotANumber, kNotANumber, kNotANumber) == kNotANumber);
+  EXPECT_TRUE(VecPosition(kNotANumber, kNotANumber, kNotANumber) != kNotANumber);
 }
 
 TEST(VecPositionEquality, ScalarStandsForEachMember) {

@@ -3,10 +3,9 @@
 #include <cmath>
 
 #include "math/Geometry.h"
+#include "tests/math/Constants.h"
 
 namespace {
-
-constexpr double kTiny = 1e-12;
 
 void expectNear(const VecPosition& v, double x, double y, double z) {
   EXPECT_NEAR(v.x, x, kTiny);

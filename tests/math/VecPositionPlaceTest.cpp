@@ -1,10 +1,9 @@
 #include <gtest/gtest.h>
 
 #include "math/VecPosition.h"
+#include "tests/math/Constants.h"
 
 namespace {
-
-const VecPosition kOrigin(0, 0, 0);
 
 TEST(VecPositionPlace, InFrontIsAGreaterX) {
   EXPECT_TRUE(VecPosition(1, 0, 0).isInFrontOf(kOrigin));

@@ -4,13 +4,12 @@
 #include <string>
 
 #include "net/UDPSocket.h"
+#include "tests/net/Loopback.h"
 
 namespace {
 
 using rcss::net::Addr;
 using rcss::net::UDPSocket;
-
-constexpr unsigned int kLoopback = 0x7f000001;
 
 TEST(Datagram, ReceiverLearnsTheSender) {
   UDPSocket sender(Addr(0, kLoopback));

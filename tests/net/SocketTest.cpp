@@ -8,6 +8,7 @@
 
 #include "net/TCPSocket.h"
 #include "net/UDPSocket.h"
+#include "tests/net/Loopback.h"
 
 namespace {
 
@@ -15,8 +16,6 @@ using rcss::net::Addr;
 using rcss::net::Socket;
 using rcss::net::TCPSocket;
 using rcss::net::UDPSocket;
-
-constexpr unsigned int kLoopback = 0x7f000001;
 
 bool isLive(int fd) {
   return ::fcntl(fd, F_GETFD) != -1;

@@ -10,14 +10,13 @@
 #include <vector>
 
 #include "net/TCPSocket.h"
+#include "tests/net/Loopback.h"
 
 namespace {
 
 using rcss::net::Addr;
 using rcss::net::Socket;
 using rcss::net::TCPSocket;
-
-constexpr unsigned int kLoopback = 0x7f000001;
 
 /// A listener on a loopback port that the system chose.
 class Stream : public testing::Test {

@@ -10,13 +10,10 @@
 #include <cerrno>
 #include <cstring>
 #include <string_view>
-#include <system_error>
+
+#include "tests/support/SystemError.h"
 
 namespace {
-
-[[nodiscard]] std::system_error SystemError(const char* what) {
-  return {errno, std::generic_category(), what};
-}
 
 void WriteFile(const char* path, std::string_view text) {
   const int file = open(path, O_WRONLY | O_CLOEXEC);

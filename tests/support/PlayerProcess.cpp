@@ -17,14 +17,12 @@
 #include <stdexcept>
 #include <system_error>
 
+#include "tests/support/SystemError.h"
+
 namespace {
 
 using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
-
-[[nodiscard]] std::system_error SystemError(const char* what) {
-  return {errno, std::generic_category(), what};
-}
 
 [[nodiscard]] milliseconds Until(Clock::time_point deadline) {
   const auto left = std::chrono::ceil<milliseconds>(deadline - Clock::now());

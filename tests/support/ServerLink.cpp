@@ -17,6 +17,7 @@
 #include <utility>
 
 #include "tests/support/SocketQueues.h"
+#include "tests/support/SystemError.h"
 
 namespace {
 
@@ -24,10 +25,6 @@ using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
 
 constexpr std::size_t kLengthBytes = 4;
-
-[[nodiscard]] std::system_error SystemError(const char* what) {
-  return {errno, std::generic_category(), what};
-}
 
 /// Waits for EVENT on the descriptor; false when the deadline passes first.
 [[nodiscard]] bool WaitFor(int descriptor, short event, Clock::time_point deadline) {

@@ -10,7 +10,7 @@ namespace arena::view {
 namespace {
 
 /// One player in slot 4, upright at the middle, facing the right goal (+x).
-CycleRecord recordOf(long cycle, Side side, const std::string& said = {}) {
+CycleRecord recordOfSpeaker(long cycle, Side side, const std::string& said = {}) {
   CycleRecord record;
   record.cycle = cycle;
   record.ball = {2, 0, 0.042};
@@ -28,7 +28,7 @@ CycleRecord recordOf(long cycle, Side side, const std::string& said = {}) {
 TEST(Mind, NobodyThereHasNone) {
   Timeline timeline;
   EXPECT_FALSE(mindAt(timeline, 1, 4));
-  timeline.add(recordOf(1, Side::kLeft));
+  timeline.add(recordOfSpeaker(1, Side::kLeft));
   EXPECT_FALSE(mindAt(timeline, 1, 3));
   EXPECT_FALSE(mindAt(timeline, 1, 12));
   EXPECT_TRUE(mindAt(timeline, 1, 4));
@@ -36,10 +36,10 @@ TEST(Mind, NobodyThereHasNone) {
 
 TEST(Mind, LatestReportsUpToTheCycleCount) {
   Timeline timeline;
-  timeline.add(recordOf(20, Side::kLeft, "P,5,0.5,0.25"));
-  timeline.add(recordOf(22, Side::kLeft, "|,5,2.10,0.10,1.60"));
-  timeline.add(recordOf(23, Side::kLeft, "~,8,3,1"));
-  timeline.add(recordOf(40, Side::kLeft, "P,5,9,9"));
+  timeline.add(recordOfSpeaker(20, Side::kLeft, "P,5,0.5,0.25"));
+  timeline.add(recordOfSpeaker(22, Side::kLeft, "|,5,2.10,0.10,1.60"));
+  timeline.add(recordOfSpeaker(23, Side::kLeft, "~,8,3,1"));
+  timeline.add(recordOfSpeaker(40, Side::kLeft, "P,5,9,9"));
   const auto mind = mindAt(timeline, 39, 4);
   ASSERT_TRUE(mind && mind->self && mind->ball && mind->words);
   EXPECT_DOUBLE_EQ(mind->self->what.x, 0.5);
@@ -52,7 +52,7 @@ TEST(Mind, LatestReportsUpToTheCycleCount) {
 
 TEST(Mind, RightTeamsReportsAreTurnedIntoTheField) {
   Timeline timeline;
-  timeline.add(recordOf(20, Side::kRight, "P,5,0.5,0.25"));
+  timeline.add(recordOfSpeaker(20, Side::kRight, "P,5,0.5,0.25"));
   const auto mind = mindAt(timeline, 20, 4);
   ASSERT_TRUE(mind && mind->self);
   EXPECT_DOUBLE_EQ(mind->self->what.x, -0.5);
@@ -61,15 +61,15 @@ TEST(Mind, RightTeamsReportsAreTurnedIntoTheField) {
 
 TEST(Mind, WhatWasSaidLongAgoIsForgotten) {
   Timeline timeline;
-  timeline.add(recordOf(20, Side::kLeft, "P,5,0.5,0.25"));
-  timeline.add(recordOf(20 + kMemoryCycles, Side::kLeft));
+  timeline.add(recordOfSpeaker(20, Side::kLeft, "P,5,0.5,0.25"));
+  timeline.add(recordOfSpeaker(20 + kMemoryCycles, Side::kLeft));
   EXPECT_FALSE(mindAt(timeline, 20 + kMemoryCycles, 4)->self);
 }
 
 TEST(Mind, WordsOfASessionBeforeInTheSameSlotAreNotItsOwn) {
   Timeline timeline;
-  timeline.add(recordOf(20, Side::kLeft, "P,5,0.5,0.25"));
-  CycleRecord next = recordOf(21, Side::kLeft);
+  timeline.add(recordOfSpeaker(20, Side::kLeft, "P,5,0.5,0.25"));
+  CycleRecord next = recordOfSpeaker(21, Side::kLeft);
   next.players[0].session = 10;
   timeline.add(next);
   EXPECT_FALSE(mindAt(timeline, 21, 4)->self);
@@ -79,9 +79,9 @@ TEST(Mind, WordsOfASessionBeforeInTheSameSlotAreNotItsOwn) {
 // origin: so it believes to look along +y.
 TEST(Mind, HeadingIsWorkedOutFromTheBallsReport) {
   Timeline timeline;
-  timeline.add(recordOf(20, Side::kLeft, "P,5,0,0"));
-  timeline.add(recordOf(21, Side::kLeft));
-  timeline.add(recordOf(22, Side::kLeft, "|,5,0.00,2.00,2.00"));
+  timeline.add(recordOfSpeaker(20, Side::kLeft, "P,5,0,0"));
+  timeline.add(recordOfSpeaker(21, Side::kLeft));
+  timeline.add(recordOfSpeaker(22, Side::kLeft, "|,5,0.00,2.00,2.00"));
   const auto mind = mindAt(timeline, 22, 4);
   ASSERT_TRUE(mind && mind->headingDeg);
   EXPECT_NEAR(mind->headingDeg->what, 90, 1e-6);
@@ -89,11 +89,11 @@ TEST(Mind, HeadingIsWorkedOutFromTheBallsReport) {
 
 TEST(Mind, HeadingTakesTheNecksTurnIntoAccount) {
   Timeline timeline;
-  timeline.add(recordOf(20, Side::kLeft, "P,5,0,0"));
-  CycleRecord look = recordOf(21, Side::kLeft);
+  timeline.add(recordOfSpeaker(20, Side::kLeft, "P,5,0,0"));
+  CycleRecord look = recordOfSpeaker(21, Side::kLeft);
   look.players[0].jointDeg[rowOfPerceptor("hj1")] = 30;
   timeline.add(look);
-  timeline.add(recordOf(22, Side::kLeft, "|,5,2.00,0.00,2.00"));
+  timeline.add(recordOfSpeaker(22, Side::kLeft, "|,5,2.00,0.00,2.00"));
   const auto mind = mindAt(timeline, 22, 4);
   ASSERT_TRUE(mind && mind->headingDeg);
   // The ball is ahead of the torso whatever the head does; a row's own angle turns the neck.
@@ -102,18 +102,18 @@ TEST(Mind, HeadingTakesTheNecksTurnIntoAccount) {
 
 TEST(Mind, NoHeadingFromReportsThatLieFarApart) {
   Timeline timeline;
-  timeline.add(recordOf(20, Side::kLeft, "P,5,0,0"));
-  timeline.add(recordOf(69, Side::kLeft));
-  timeline.add(recordOf(70, Side::kLeft, "|,5,0.00,2.00,2.00"));
+  timeline.add(recordOfSpeaker(20, Side::kLeft, "P,5,0,0"));
+  timeline.add(recordOfSpeaker(69, Side::kLeft));
+  timeline.add(recordOfSpeaker(70, Side::kLeft, "|,5,0.00,2.00,2.00"));
   EXPECT_FALSE(mindAt(timeline, 70, 4)->headingDeg);
 }
 
 TEST(Mind, ActionIsTheLastNumberOnALineOfItsOwn) {
   Timeline timeline;
-  CycleRecord record = recordOf(20, Side::kLeft);
+  CycleRecord record = recordOfSpeaker(20, Side::kLeft);
   record.players[0].traced = {"5", "23", "pushed nothing 0", "12 and more", "24", "-1", ""};
   timeline.add(record);
-  timeline.add(recordOf(30, Side::kLeft));
+  timeline.add(recordOfSpeaker(30, Side::kLeft));
   const auto mind = mindAt(timeline, 30, 4);
   ASSERT_TRUE(mind && mind->action);
   EXPECT_EQ(mind->action->what, 23);
@@ -122,7 +122,7 @@ TEST(Mind, ActionIsTheLastNumberOnALineOfItsOwn) {
 
 TEST(Mind, KeepsTheLastLinesOldestFirst) {
   Timeline timeline;
-  CycleRecord record = recordOf(20, Side::kLeft);
+  CycleRecord record = recordOfSpeaker(20, Side::kLeft);
   for (int i = 0; i < 12; ++i) record.players[0].traced.push_back("line " + std::to_string(i));
   timeline.add(record);
   const auto mind = mindAt(timeline, 20, 4);

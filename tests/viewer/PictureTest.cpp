@@ -7,7 +7,7 @@
 namespace arena::picture {
 namespace {
 
-CycleRecord recordOf(long cycle, double ballX, PlayMode mode = PlayMode::kPlayOn) {
+CycleRecord recordWithBall(long cycle, double ballX, PlayMode mode = PlayMode::kPlayOn) {
   CycleRecord record;
   record.cycle = cycle;
   record.mode = mode;
@@ -23,7 +23,7 @@ CycleRecord recordOf(long cycle, double ballX, PlayMode mode = PlayMode::kPlayOn
 
 TEST(MatchPicture, FollowsBallAndPlayers) {
   MatchPicture picture;
-  for (int i = 0; i <= 10; ++i) picture.add(recordOf(i + 1, 0.1 * i));
+  for (int i = 0; i <= 10; ++i) picture.add(recordWithBall(i + 1, 0.1 * i));
   const Drawing drawing = picture.drawing();
   ASSERT_EQ(drawing.ball.size(), 1U);
   EXPECT_DOUBLE_EQ(drawing.ball[0].back().x, 1.0);
@@ -34,10 +34,10 @@ TEST(MatchPicture, FollowsBallAndPlayers) {
 
 TEST(MatchPicture, BallThatIsPutElsewhereLeavesNoLine) {
   MatchPicture picture;
-  picture.add(recordOf(1, 0));
-  picture.add(recordOf(2, 0.1));
-  picture.add(recordOf(3, 6.0));
-  picture.add(recordOf(4, 6.1));
+  picture.add(recordWithBall(1, 0));
+  picture.add(recordWithBall(2, 0.1));
+  picture.add(recordWithBall(3, 6.0));
+  picture.add(recordWithBall(4, 6.1));
   const Drawing drawing = picture.drawing();
   ASSERT_EQ(drawing.ball.size(), 2U);
   EXPECT_DOUBLE_EQ(drawing.ball[0].back().x, 0.1);
@@ -46,8 +46,8 @@ TEST(MatchPicture, BallThatIsPutElsewhereLeavesNoLine) {
 
 TEST(MatchPicture, BeamedPlayerLeavesNoLine) {
   MatchPicture picture;
-  picture.add(recordOf(1, 0));
-  CycleRecord beamed = recordOf(2, 0.2);
+  picture.add(recordWithBall(1, 0));
+  CycleRecord beamed = recordWithBall(2, 0.2);
   beamed.players[0].beam = Pose{};
   picture.add(beamed);
   EXPECT_EQ(picture.drawing().walkers[0].lines.size(), 2U);
@@ -56,16 +56,16 @@ TEST(MatchPicture, BeamedPlayerLeavesNoLine) {
 /// Touched at x = 6, then on its way to the right goal, which it reaches.
 TEST(MatchPicture, ShotThatGoesInIsOneGoal) {
   MatchPicture picture;
-  CycleRecord touch = recordOf(1, 6.0);
+  CycleRecord touch = recordWithBall(1, 6.0);
   touch.players[0].touchedBall = true;
   picture.add(touch);
   long cycle = 2;
   for (double x = 6.1; x < 9.05; x += 0.1) {
-    CycleRecord flies = recordOf(cycle++, x);
+    CycleRecord flies = recordWithBall(cycle++, x);
     flies.ballVelocity = {5, 0, 0};
     picture.add(flies);
   }
-  CycleRecord goal = recordOf(cycle, 9.1, PlayMode::kGoalLeft);
+  CycleRecord goal = recordWithBall(cycle, 9.1, PlayMode::kGoalLeft);
   goal.score = {1, 0};
   picture.add(goal);
   const Drawing drawing = picture.drawing();
@@ -78,8 +78,8 @@ TEST(MatchPicture, ShotThatGoesInIsOneGoal) {
 
 TEST(MatchPicture, GoalThatNobodyShotIsStillDrawn) {
   MatchPicture picture;
-  picture.add(recordOf(1, 9.0));
-  CycleRecord goal = recordOf(2, 9.1, PlayMode::kGoalLeft);
+  picture.add(recordWithBall(1, 9.0));
+  CycleRecord goal = recordWithBall(2, 9.1, PlayMode::kGoalLeft);
   goal.score = {1, 0};
   picture.add(goal);
   const Drawing drawing = picture.drawing();
@@ -90,7 +90,7 @@ TEST(MatchPicture, GoalThatNobodyShotIsStillDrawn) {
 
 TEST(Svg, IsOneDocumentWithNothingFromElsewhere) {
   MatchPicture picture;
-  for (int i = 0; i <= 10; ++i) picture.add(recordOf(i + 1, 0.1 * i));
+  for (int i = 0; i <= 10; ++i) picture.add(recordWithBall(i + 1, 0.1 * i));
   const std::string svg = svgOf(picture.drawing());
   EXPECT_EQ(svg.rfind("<svg ", 0), 0U);
   EXPECT_EQ(svg.substr(svg.size() - 7), "</svg>\n");
@@ -100,7 +100,7 @@ TEST(Svg, IsOneDocumentWithNothingFromElsewhere) {
 
 TEST(Svg, NamesAreEscaped) {
   MatchPicture picture;
-  picture.add(recordOf(1, 0));
+  picture.add(recordWithBall(1, 0));
   const std::string svg = svgOf(picture.drawing());
   EXPECT_NE(svg.find("He&lt;rons"), std::string::npos);
   EXPECT_EQ(svg.find("He<rons"), std::string::npos);

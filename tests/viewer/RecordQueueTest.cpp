@@ -9,7 +9,7 @@
 namespace arena::view {
 namespace {
 
-RecordQueue::Record recordOf(long cycle) {
+RecordQueue::Record queuedCycle(long cycle) {
   CycleRecord record;
   record.cycle = cycle;
   return std::make_shared<const CycleRecord>(record);
@@ -23,16 +23,16 @@ std::vector<long> cyclesOf(const std::vector<RecordQueue::Record>& records) {
 
 TEST(RecordQueue, GivesWhatWasPutInOrderAndOnce) {
   RecordQueue queue(10);
-  for (const long cycle : {1, 2, 3}) queue.put(recordOf(cycle));
+  for (const long cycle : {1, 2, 3}) queue.put(queuedCycle(cycle));
   EXPECT_EQ(cyclesOf(queue.takeAll()), (std::vector<long>{1, 2, 3}));
   EXPECT_TRUE(queue.takeAll().empty());
 }
 
 TEST(RecordQueue, KeepsNoMoreThanItsMost) {
   RecordQueue queue(3);
-  for (const long cycle : {1, 2, 3, 4, 5}) queue.put(recordOf(cycle));
+  for (const long cycle : {1, 2, 3, 4, 5}) queue.put(queuedCycle(cycle));
   EXPECT_EQ(cyclesOf(queue.takeAll()), (std::vector<long>{1, 2, 3}));
-  queue.put(recordOf(6));
+  queue.put(queuedCycle(6));
   EXPECT_EQ(cyclesOf(queue.takeAll()), (std::vector<long>{6}));
 }
 
@@ -41,7 +41,7 @@ TEST(RecordQueue, NothingIsLostOrTurnedRoundBetweenTwoThreads) {
   RecordQueue queue(kCycles + 1);
   std::atomic<bool> done = false;
   std::thread match([&queue, &done] {
-    for (long cycle = 1; cycle <= kCycles; ++cycle) queue.put(recordOf(cycle));
+    for (long cycle = 1; cycle <= kCycles; ++cycle) queue.put(queuedCycle(cycle));
     done = true;
   });
   long expected = 1;
@@ -50,7 +50,7 @@ TEST(RecordQueue, NothingIsLostOrTurnedRoundBetweenTwoThreads) {
   };
   while (!done) take();
   match.join();
-  queue.put(recordOf(kCycles + 1));  // brings along what was put while the lock was held
+  queue.put(queuedCycle(kCycles + 1));  // brings along what was put while the lock was held
   take();
   EXPECT_EQ(expected, kCycles + 2);
 }

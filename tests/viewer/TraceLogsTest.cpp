@@ -9,7 +9,7 @@
 namespace arena::view {
 namespace {
 
-CycleRecord recordOf(long cycle) {
+CycleRecord tracedCycle(long cycle) {
   CycleRecord record;
   record.cycle = cycle;
   record.players.resize(3);
@@ -26,7 +26,7 @@ class TraceLogsTest : public testing::Test {
     std::ofstream(folder.path() / name, std::ios::app) << text;
   }
   CycleRecord next() {
-    CycleRecord record = recordOf(cycle += 100);
+    CycleRecord record = tracedCycle(cycle += 100);
     logs.addTo(record);
     return record;
   }

@@ -24,7 +24,7 @@ using test::rowOf;
 using test::RunningServer;
 using test::WireClient;
 
-constexpr std::string_view kBody = "(scene rsg/agent/nao/nao.rsg)";
+constexpr std::string_view kSceneMessage = "(scene rsg/agent/nao/nao.rsg)";
 
 ServerSettings aMatch(std::chrono::milliseconds patience) {
   ServerSettings settings;
@@ -88,11 +88,11 @@ void misbehave(std::uint16_t port, std::mt19937& random) {
       client.say(std::string(8000, '(') + std::string(8000, ')'));
       break;
     case 5:
-      client.say(kBody);
+      client.say(kSceneMessage);
       for (int i = 0; i < 5; ++i) client.say(someEffectors(random));
       break;
     default:
-      client.say(kBody);
+      client.say(kSceneMessage);
       client.hear();
       for (int i = 0; i < 3; ++i) client.say(someEffectors(random));
       client.sendRaw(randomBytes(random, random() % 50));

@@ -29,7 +29,7 @@ std::string textIn(const std::string& name) {
   return all.str();
 }
 
-std::uint16_t portOf(Program& program) {
+std::uint16_t portSaidBy(Program& program) {
   const std::string line = program.line();
   return static_cast<std::uint16_t>(std::stoi(line.substr(line.rfind(':') + 1)));
 }
@@ -78,7 +78,7 @@ TEST(RecordCommand, AReplayTellsTheSameMatchAndTheSameSummary) {
   const std::string replayed = (dir.path() / "replayed.json").string();
   Program program({"--port", "0", "--no-view", "--speed", "0", "--players", "2", "--wait-seconds",
                    "0.4", "--half-seconds", "1.5", "--record", record, "--summary", live});
-  playTwo(portOf(program));
+  playTwo(portSaidBy(program));
   const std::string told = program.restOfOutput();
   EXPECT_EQ(program.errors(), "");
   EXPECT_EQ(program.wait(), 0);
@@ -101,7 +101,7 @@ TEST(RecordCommand, AStoppedMatchIsAWholeRecord) {
   const TempDir dir;
   const std::string record = (dir.path() / "match.rec").string();
   Program program({"--port", "0", "--no-view", "--record", record});
-  WireClient client(portOf(program));
+  WireClient client(portSaidBy(program));
   client.say("(scene rsg/agent/nao/nao.rsg)(init (unum 2)(teamname Foo))");
   ASSERT_TRUE(client.hear());
   program.signal(SIGINT);
@@ -118,7 +118,7 @@ TEST(RecordCommand, AKilledMatchCanBeReadUpToThere) {
   const std::string record = (dir.path() / "match.rec").string();
   Program program(
       {"--port", "0", "--no-view", "--speed", "0", "--half-seconds", "300", "--record", record});
-  WireClient client(portOf(program));
+  WireClient client(portSaidBy(program));
   client.say("(scene rsg/agent/nao/nao.rsg)(init (unum 2)(teamname Foo))");
   for (int cycle = 0; cycle < 200; ++cycle) {
     ASSERT_TRUE(client.hear());
@@ -154,7 +154,7 @@ TEST(RecordCommand, AKilledMatchCanBeReadUpToThere) {
 TEST(RecordCommand, AFullDiskEndsTheRecordNotTheMatch) {
   Program program({"--port", "0", "--no-view", "--speed", "0", "--players", "2", "--wait-seconds",
                    "0.4", "--half-seconds", "0.5", "--record", "/dev/full"});
-  playTwo(portOf(program));
+  playTwo(portSaidBy(program));
   const std::string told = program.restOfOutput();
   EXPECT_EQ(program.wait(), 0);
   const std::string fault = "the record ends here, /dev/full: No space left on device\n";

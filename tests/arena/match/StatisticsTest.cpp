@@ -9,9 +9,9 @@ namespace arena {
 namespace {
 
 /// A match told cycle by cycle; what was noted is forgotten after each.
-class Story {
+class CountedMatch {
  public:
-  explicit Story(double wait = 0) {
+  explicit CountedMatch(double wait = 0) {
     now_.mode = wait > 0 ? PlayMode::kBeforeKickOff : PlayMode::kPlayOn;
   }
 
@@ -71,7 +71,7 @@ TEST(Statistics, NothingYetIsAnEmptySummary) {
 }
 
 TEST(Statistics, TheMatchIsAsItsLastRecordSays) {
-  Story story;
+  CountedMatch story;
   story.next();
   story.now().clock = 12.5;
   story.now().half = 2;
@@ -114,7 +114,7 @@ TEST(Statistics, CountsOfAForgedRecordDontOverflow) {
 }
 
 TEST(Statistics, NotesAreCountedPerPlayerAndPerTeam) {
-  Story story;
+  CountedMatch story;
   story.now().teamNames = {"Foo", "Bar"};
   story.join(1, kLeft3);
   story.join(2, Shirt{Side::kLeft, 4});
@@ -147,7 +147,7 @@ TEST(Statistics, NotesAreCountedPerPlayerAndPerTeam) {
 }
 
 TEST(Statistics, PossessionIsTimeAndShare) {
-  Story story;
+  CountedMatch story;
   story.join(1, kLeft3);
   story.join(2, kRight1);
   story.next(100);  // nobody's
@@ -164,7 +164,7 @@ TEST(Statistics, PossessionIsTimeAndShare) {
 }
 
 TEST(Statistics, ShotsAndGoalsGoToPlayerAndTeam) {
-  Story story;
+  CountedMatch story;
   story.join(1, kLeft3);
   story.join(2, kRight1);
   story.player(1).touchedBall = true;
@@ -178,7 +178,7 @@ TEST(Statistics, ShotsAndGoalsGoToPlayerAndTeam) {
 }
 
 TEST(Statistics, WayIsMeasuredOnTheOwnFeetOnly) {
-  Story story;
+  CountedMatch story;
   story.join(1, kLeft3);
   const auto at = [&](double x, double y) { story.player(1).position = {x, y, 0.38}; };
   story.next();
@@ -210,7 +210,7 @@ TEST(Statistics, WayIsMeasuredOnTheOwnFeetOnly) {
 }
 
 TEST(Statistics, StandingAndSwayingIsNoWalk) {
-  Story story;
+  CountedMatch story;
   story.join(1, kLeft3);
   for (int i = 0; i < 3000; ++i) {
     story.player(1).position = {0.04 * std::sin(0.1 * i), 0.04 * std::cos(0.1 * i), 0.38};
@@ -220,7 +220,7 @@ TEST(Statistics, StandingAndSwayingIsNoWalk) {
 }
 
 TEST(Statistics, PlacesAreInTheTeamsOwnFrame) {
-  Story story;
+  CountedMatch story;
   PlayerRecord& player = story.join(1, kRight1);
   player.beam = Pose{3, -1, 180};
   // Turned by a quarter to the left from facing +y: it looks along -x, where the right side goes.
@@ -238,7 +238,7 @@ TEST(Statistics, PlacesAreInTheTeamsOwnFrame) {
 }
 
 TEST(Statistics, WhoLeavesAndComesBackHasTwoRows) {
-  Story story;
+  CountedMatch story;
   story.now().teamNames[0] = "Foo";
   story.join(1, kLeft3);
   story.player(1).fell = true;
@@ -258,7 +258,7 @@ TEST(Statistics, WhoLeavesAndComesBackHasTwoRows) {
 }
 
 TEST(Statistics, SessionsThatWereNeverThereAreOnlyCounted) {
-  Story story;
+  CountedMatch story;
   story.leave(9, "a broken frame");
   story.next();
   EXPECT_EQ(story.summary().sessionsWithoutBody, 1);
@@ -266,7 +266,7 @@ TEST(Statistics, SessionsThatWereNeverThereAreOnlyCounted) {
 }
 
 TEST(Statistics, RowsAreSortedBySideAndNumber) {
-  Story story;
+  CountedMatch story;
   story.join(1, Shirt{Side::kLeft, 5});
   story.join(2, Shirt{Side::kRight, 2});
   story.join(3, std::nullopt);

@@ -9,7 +9,7 @@
 namespace arena {
 namespace {
 
-constexpr double kDeg = 180 / std::numbers::pi;
+constexpr double kDegPerRad = 180 / std::numbers::pi;
 
 double angle(const World& world, std::string_view perceptor) {
   return world.robot(0).jointAngleDeg[rowOfPerceptor(perceptor)];
@@ -26,7 +26,7 @@ TEST_P(LightJoint, MovesHalfARadianInHalfASecondAtOneRadianPerSecond) {
   run(world, 0.2);
   world.setJointSpeed(0, rowOf(GetParam()), 1);
   run(world, 0.5);
-  EXPECT_NEAR(angle(world, GetParam()), 0.5 * kDeg, 0.01 * 0.5 * kDeg);
+  EXPECT_NEAR(angle(world, GetParam()), 0.5 * kDegPerRad, 0.01 * 0.5 * kDegPerRad);
 }
 
 TEST_P(LightJoint, StopsWhereItIsToldToStop) {
@@ -37,7 +37,7 @@ TEST_P(LightJoint, StopsWhereItIsToldToStop) {
   world.setJointSpeed(0, rowOf(GetParam()), 0);
   run(world, 0.1);
   const double stopped = angle(world, GetParam());
-  EXPECT_NEAR(stopped, 0.4 * kDeg, 0.5);
+  EXPECT_NEAR(stopped, 0.4 * kDegPerRad, 0.5);
   run(world, 2);
   EXPECT_NEAR(angle(world, GetParam()), stopped, 0.05);
 }
@@ -47,10 +47,10 @@ TEST(Motion, SpeedIsKeptUntilAnotherOneComes) {
   world.addRobot(0, {0, 0, 0});
   world.setJointSpeed(0, rowOf("hj1"), 0.5);
   run(world, 2);
-  EXPECT_NEAR(angle(world, "hj1"), kDeg, 0.5);
+  EXPECT_NEAR(angle(world, "hj1"), kDegPerRad, 0.5);
   world.setJointSpeed(0, rowOf("hj1"), -0.5);
   run(world, 4);
-  EXPECT_NEAR(angle(world, "hj1"), -kDeg, 1);
+  EXPECT_NEAR(angle(world, "hj1"), -kDegPerRad, 1);
 }
 
 TEST(Motion, LastSpeedOfACycleCounts) {
@@ -60,7 +60,7 @@ TEST(Motion, LastSpeedOfACycleCounts) {
   world.setJointSpeed(0, rowOf("hj1"), -5);
   world.setJointSpeed(0, rowOf("hj1"), 1);
   run(world, 0.5);
-  EXPECT_NEAR(angle(world, "hj1"), 0.5 * kDeg, 0.5);
+  EXPECT_NEAR(angle(world, "hj1"), 0.5 * kDegPerRad, 0.5);
 }
 
 TEST(Motion, SpeedsBeyondSevenAreCut) {
@@ -69,8 +69,8 @@ TEST(Motion, SpeedsBeyondSevenAreCut) {
   world.setJointSpeed(0, rowOf("hj1"), 1000);
   run(world, 0.2);
   const double turned = angle(world, "hj1");
-  EXPECT_LT(turned, 7 * 0.2 * kDeg);
-  EXPECT_GT(turned, 0.9 * 7 * 0.2 * kDeg);
+  EXPECT_LT(turned, 7 * 0.2 * kDegPerRad);
+  EXPECT_GT(turned, 0.9 * 7 * 0.2 * kDegPerRad);
 }
 
 TEST(Motion, ServoSpeedFactorScalesWhatIsCommanded) {
@@ -78,7 +78,7 @@ TEST(Motion, ServoSpeedFactorScalesWhatIsCommanded) {
   world.addRobot(0, {0, 0, 0});
   world.setJointSpeed(0, rowOf("hj1"), 1);
   run(world, 1);
-  EXPECT_NEAR(angle(world, "hj1"), 0.5 * kDeg, 0.5);
+  EXPECT_NEAR(angle(world, "hj1"), 0.5 * kDegPerRad, 0.5);
 }
 
 TEST(Motion, EveryJointStopsAtBothEndsOfItsRange) {

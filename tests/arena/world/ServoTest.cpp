@@ -10,7 +10,7 @@
 namespace arena {
 namespace {
 
-constexpr double kDeg = std::numbers::pi / 180;
+constexpr double kRadPerDeg = std::numbers::pi / 180;
 constexpr double kStep = 0.004;
 
 const JointRow& headYaw() {
@@ -46,7 +46,7 @@ TEST(Servo, JointPushedFarAwayStaysNearWhereItWasPushed) {
 }
 
 TEST(Servo, NothingIsWantedBeyondTheEndOfTheRange) {
-  const double end = 120 * kDeg;
+  const double end = 120 * kRadPerDeg;
   Servo servo{.speed = 7, .held = end};
   EXPECT_LE(wantedSpeed(servo, headYaw(), end, kStep), 1e-12);
   // Pushed beyond, far or near, the motor only ever helps to come back.
@@ -57,7 +57,7 @@ TEST(Servo, NothingIsWantedBeyondTheEndOfTheRange) {
 }
 
 TEST(Servo, LastStepBeforeTheEndIsShort) {
-  const double end = 120 * kDeg;
+  const double end = 120 * kRadPerDeg;
   Servo servo{.speed = 7, .held = end - 0.007};
   // 0.007 rad are left, and a step lasts 0.004 s: a quarter of the commanded speed.
   EXPECT_NEAR(wantedSpeed(servo, headYaw(), end - 0.007, kStep), 1.75, 1e-9);
