@@ -38,13 +38,12 @@ bool split(const std::string& text, std::vector<std::string>& tokens) {
   return SLangParser::parseSExpression(text, tokens);
 }
 
-/// A tree in one row of memory: each list or word with the place of its first child and of the next
-/// element of its list, 0 where there is none. The library's elements are linked the same way.
+/// A tree in one row of memory: a word, or a list with its children next to each other.
 template <typename Text>
 struct Node {
   Text word{};
-  std::uint32_t child = 0;
-  std::uint32_t next = 0;
+  std::uint32_t firstChild = 0;
+  std::uint32_t children = 0;
 };
 
 /// How a way of reading keeps a word, and a list's tokens while it goes through them.
@@ -62,20 +61,19 @@ using Tree = std::vector<Node<typename By::Word>>;
 
 /// Appends what the list TEXT holds to TREE, as children of the element at PARENT.
 template <typename By>
-bool addChildren(const typename By::Word& text, Tree<By>& tree, std::uint32_t parent) {
+bool addChildren(const typename By::Word& text, Tree<By>& tree, std::size_t parent) {
   typename By::Tokens tokens;
   bool whole = split(text, tokens);
-  std::uint32_t previous = 0;
+  const std::size_t first = tree.size();
+  tree[parent].firstChild = static_cast<std::uint32_t>(first);
+  tree[parent].children = static_cast<std::uint32_t>(tokens.size());
+  tree.resize(first + tokens.size());
   for (std::size_t i = 0; i < tokens.size(); ++i) {
     const typename By::Word& token = tokens[i];
-    const auto here = static_cast<std::uint32_t>(tree.size());
-    tree.emplace_back();
-    (previous == 0 ? tree[parent].child : tree[previous].next) = here;
-    previous = here;
     if (token.front() == '(') {
-      whole = addChildren<By>(token, tree, here) && whole;
+      whole = addChildren<By>(token, tree, first + i) && whole;
     } else {
-      tree[here].word = token;
+      tree[first + i].word = token;
     }
   }
   return whole;

@@ -39,8 +39,8 @@ std::uint64_t parenthesesIn(std::uint64_t eight) {
 /// of a message is walked through once more.
 const char* endOfList(const char* it, const char* end) {
   static_assert('(' + 1 == ')' && '(' % 2 == 0 && std::endian::native == std::endian::little);
-  int depth = 0;
-  for (; end - it >= 8; it += 8) {
+  int depth = 1;
+  for (++it; end - it >= 8; it += 8) {
     std::uint64_t eight = 0;
     std::memcpy(&eight, it, sizeof(eight));
     for (std::uint64_t found = parenthesesIn(eight); found != 0; found &= found - 1) {
@@ -81,22 +81,25 @@ bool splitList(std::string_view text, TokenViews& tokens) {
   const char* it = text.data();
   const char* const end = it + text.size();
   while (it != end) {
+    const char* const start = it;
     const char c = *it;
-    if (isSpace(c)) {
+    if (!kEndsWord[static_cast<unsigned char>(c)] && c != '\0') {
+      it = endOfWord(it + 1, end);
+      tokens.push_back(start, it);
+    } else if (isSpace(c)) {
       ++it;
-    } else if (c == '\0') {
-      return false;
+    } else if (c == '(' && open) {
+      it = endOfList(it, end);
+      tokens.push_back(start, it);
+    } else if (c == '(') {
+      open = true;
+      ++it;
     } else if (c == ')') {
       return open;
     } else if (c == ';') {
       it = std::find(it, end, '\n');
-    } else if (c == '(' && !open) {
-      open = true;
-      ++it;
     } else {
-      const char* const start = it;
-      it = c == '(' ? endOfList(it, end) : endOfWord(it, end);
-      tokens.push_back(start, it);
+      return false;
     }
   }
   return false;
