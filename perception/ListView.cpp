@@ -7,9 +7,6 @@
 
 namespace {
 
-/// More than the elements of a message, and than the objects of a full sight.
-constexpr std::size_t kManyAtFirst = 48;
-
 constexpr bool endsWord(char c) {
   return isSpace(c) || c == ')' || c == '(' || c == ';';
 }
@@ -68,7 +65,7 @@ const char* endOfToken(const char* it, const char* end) {
 
 void TokenViews::pushBehindTheFew(Range token) {
   if (size_ == kFew) {
-    many_.reserve(kManyAtFirst);
+    many_.reserve(2 * kFew);
     many_.assign(few_.begin(), few_.end());
   }
   many_.push_back(token);

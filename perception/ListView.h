@@ -18,12 +18,15 @@ constexpr bool isSpace(char c) {
 /// the character that ends a word. END when that never comes.
 const char* endOfToken(const char* it, const char* end);
 
-/// The tokens of one list. Those of most elements have room in the object itself.
+/// The tokens of one list. Those of usual lists have room in the object itself.
 class TokenViews {
  public:
   // The room for a few tokens is left as it is: setting it for each list would cost as much as
   // splitting the list.
   TokenViews() {}  // NOLINT(modernize-use-equals-default)
+  TokenViews(const TokenViews&) = delete;
+  TokenViews& operator=(const TokenViews&) = delete;
+  ~TokenViews() = default;
 
   void clear() { size_ = 0; }
   void push_back(const char* start, const char* end) {
@@ -44,6 +47,7 @@ class TokenViews {
     const char* start;
     const char* end;
   };
+  /// More than the elements of a message, and than the objects of a full sight.
   static constexpr std::size_t kFew = 40;
 
   void pushBehindTheFew(Range token);
