@@ -9,64 +9,100 @@
 
 #include <algorithm>
 #include <charconv>
-#include <chrono>
+#include <cstdint>
 #include <cstdlib>
 #include <exception>
-#include <functional>
 #include <iostream>
 #include <string>
-#include <utility>
+#include <string_view>
 #include <vector>
 
 #include "bench/Report.h"
+#include "bench/Ways.h"
+#include "perception/ListView.h"
+#include "perception/NumberReaders.h"
 #include "perception/SLangParser.h"
 #include "tests/record/Match.h"
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
 /// Every so manieth message of the session: what is read lies in the processor's nearer memory, as
 /// a message does that has just come.
 constexpr int kEvery = 8;
 
-/// One list or one word.
+bool split(std::string_view text, TokenViews& tokens) {
+  return splitList(text, tokens);
+}
+
+bool split(const std::string& text, std::vector<std::string>& tokens) {
+  return SLangParser::parseSExpression(text, tokens);
+}
+
+/// A tree in one row of memory: a word, or a list with its children next to each other.
+template <typename Text>
 struct Node {
-  std::string word{};
-  std::vector<Node> list{};
+  Text word{};
+  std::uint32_t firstChild = 0;
+  std::uint32_t children = 0;
 };
 
-bool makeTree(const std::string& text, Node& node) {
-  std::vector<std::string> tokens;
-  if (!SLangParser::parseSExpression(text, tokens)) return false;
-  node.list.resize(tokens.size());
-  bool whole = true;
+/// How a way of reading keeps a word, and a list's tokens while it goes through them.
+struct ByViews {
+  using Word = std::string_view;
+  using Tokens = TokenViews;
+};
+struct ByStrings {
+  using Word = std::string;
+  using Tokens = std::vector<std::string>;
+};
+
+template <typename By>
+using Tree = std::vector<Node<typename By::Word>>;
+
+/// Appends what the list TEXT holds to TREE, as children of the element at PARENT.
+template <typename By>
+bool addChildren(const typename By::Word& text, Tree<By>& tree, std::size_t parent) {
+  typename By::Tokens tokens;
+  bool whole = split(text, tokens);
+  const std::size_t first = tree.size();
+  tree[parent].firstChild = static_cast<std::uint32_t>(first);
+  tree[parent].children = static_cast<std::uint32_t>(tokens.size());
+  tree.resize(first + tokens.size());
   for (std::size_t i = 0; i < tokens.size(); ++i) {
-    if (tokens[i].front() == '(') {
-      whole = makeTree(tokens[i], node.list[i]) && whole;
+    const typename By::Word& token = tokens[i];
+    if (token.front() == '(') {
+      whole = addChildren<By>(token, tree, first + i) && whole;
     } else {
-      node.list[i].word = std::move(tokens[i]);
+      tree[first + i].word = token;
     }
   }
   return whole;
 }
 
-std::size_t wordsOf(const Node& node) {
-  std::size_t words = node.list.empty() ? 1 : 0;
-  for (const Node& one : node.list) words += wordsOf(one);
-  return words;
+template <typename By>
+bool makeTree(const std::string& text, Tree<By>& tree) {
+  tree.clear();
+  tree.emplace_back();
+  return addChildren<By>(text, tree, 0);
 }
 
-/// Splits TEXT level by level; what isn't a list goes to WORD.
-template <typename Word>
-void splitDown(const std::string& text, Word word) {
-  std::vector<std::string> tokens;
-  SLangParser::parseSExpression(text, tokens);
-  for (const std::string& token : tokens) {
+template <typename By>
+std::size_t wordsOf(const Tree<By>& tree) {
+  return static_cast<std::size_t>(
+      std::count_if(tree.begin(), tree.end(), [](const auto& node) { return !node.word.empty(); }));
+}
+
+/// Splits TEXT level by level; what isn't a list goes to VISIT.
+template <typename By, typename Visit>
+void splitDown(const typename By::Word& text, Visit visit) {
+  typename By::Tokens tokens;
+  split(text, tokens);
+  for (std::size_t i = 0; i < tokens.size(); ++i) {
+    const typename By::Word& token = tokens[i];
     if (token.front() == '(') {
-      splitDown(token, word);
+      splitDown<By>(token, visit);
     } else {
-      word(token);
+      visit(token);
     }
   }
 }
@@ -110,10 +146,10 @@ std::vector<std::string> readableMessages() {
   for (int i = 0; !match.IsOver(); ++i) {
     std::string message = "(" + match.NextMessage() + ")";
     if (i % kEvery != 0) continue;
-    Node ours;
-    if (!makeTree(message, ours) || ours.list.empty()) continue;
+    Tree<ByViews> ours;
+    if (!makeTree<ByViews>(message, ours)) continue;
     sexp_t* theirs = libraryTree(message);
-    if (theirs != nullptr && wordsOf(theirs) == wordsOf(ours)) messages.push_back(message);
+    if (theirs != nullptr && wordsOf(theirs) == wordsOf<ByViews>(ours)) messages.push_back(message);
     if (theirs != nullptr) destroy_sexp(theirs);
   }
   return messages;
@@ -124,70 +160,59 @@ bool isNumber(const std::string& word) {
          word.find_first_of("0123456789") != std::string::npos;
 }
 
-struct Way {
-  std::string name;
-  std::function<void()> pass;  ///< over all of the input
-  std::vector<double> figures{};
-};
+volatile double sink = 0;  // keeps the results from being left out
 
-/// The ways by turns: a machine that gets busier falls on all of them. PERPASS is what a pass
-/// amounts to; the figure is that over the time, or the time over that.
-void measure(std::vector<Way>& ways, int passes, const std::function<double(double)>& figure) {
-  for (Way& way : ways) way.pass();
-  for (int i = 0; i < passes; ++i) {
-    for (Way& way : ways) {
-      const Clock::time_point start = Clock::now();
-      way.pass();
-      way.figures.push_back(figure(std::chrono::duration<double>(Clock::now() - start).count()));
-    }
-  }
+template <typename By>
+std::size_t everyWord(const std::string& text) {
+  std::size_t words = 0;
+  splitDown<By>(text, [&words](const auto& /*word*/) { ++words; });
+  return words;
 }
 
-volatile double sink = 0;  // keeps the results from being left out
+/// The tree is made anew each time, in the memory of the one before.
+template <typename By>
+auto wholeTree() {
+  return [tree = Tree<By>()](const std::string& text) mutable {
+    makeTree<By>(text, tree);
+    return tree.size();
+  };
+}
 
 void lists(bench::Report& report, std::vector<std::string>& messages, int passes) {
   const auto each = [&messages](auto read) {
-    return [&messages, read] {
-      std::size_t words = 0;
-      for (std::string& message : messages) words += read(message);
-      sink = static_cast<double>(words);
+    return [&messages, read]() mutable {
+      std::size_t sum = 0;
+      for (std::string& message : messages) sum += read(message);
+      sink = static_cast<double>(sum);
     };
   };
-  std::vector<Way> ways{{"player, every word", each([](const std::string& text) {
-                           std::size_t words = 0;
-                           splitDown(text, [&words](const std::string& /*word*/) { ++words; });
-                           return words;
-                         })},
-                        {"player, a tree", each([](const std::string& text) {
-                           Node node;
-                           makeTree(text, node);
-                           return node.list.size();
-                         })},
-                        {"libsexp, a tree", each([](std::string& text) {
-                           sexp_t* tree = libraryTree(text);
-                           const std::size_t found = tree != nullptr ? 1 : 0;
-                           destroy_sexp(tree);
-                           return found;
-                         })},
-                        {"libsexp, events", each(libraryEvents)}};
   double bytes = 0;
   for (const std::string& message : messages) bytes += static_cast<double>(message.size());
-  measure(ways, passes, [bytes](double seconds) { return bytes / seconds / 1e6; });
-  for (Way& way : ways) {
-    bench::Figure figure = bench::figureOf(way.name, "MB/s", std::move(way.figures));
-    figure.p99.reset();  // the fast end says nothing
-    figure.max.reset();
-    report.add(std::move(figure));
-  }
-  report.addRatio("player, every word", "libsexp, a tree", bench::atLeast(3));
-  report.addRatio("player, a tree", "libsexp, a tree");
-  report.addRatio("player, every word", "libsexp, events");
+  const std::vector<bench::Way> ways{
+      {"player, every word where it stands", each(everyWord<ByViews>)},
+      {"player, every word as a string", each(everyWord<ByStrings>)},
+      {"player, a tree of the text", each(wholeTree<ByViews>())},
+      {"player, a tree of strings", each(wholeTree<ByStrings>())},
+      {"libsexp, a tree", each([](std::string& text) {
+         sexp_t* tree = libraryTree(text);
+         const std::size_t found = tree != nullptr ? 1 : 0;
+         destroy_sexp(tree);
+         return found;
+       })},
+      {"libsexp, events", each(libraryEvents)}};
+  bench::timeByTurns(report, ways, passes, "MB/s",
+                     [bytes](double seconds) { return bytes / seconds / 1e6; });
+  report.addRatio(ways[0].name, "libsexp, a tree", bench::atLeast(3));
+  report.addRatio(ways[1].name, "libsexp, a tree");
+  report.addRatio(ways[2].name, "libsexp, a tree", bench::atLeast(3));
+  report.addRatio(ways[3].name, "libsexp, a tree");
+  report.addRatio(ways[0].name, "libsexp, events");
 }
 
 void numbers(bench::Report& report, const std::vector<std::string>& messages, int passes) {
   std::vector<std::string> words;
   for (const std::string& message : messages) {
-    splitDown(message, [&words](const std::string& word) {
+    splitDown<ByStrings>(message, [&words](const std::string& word) {
       if (isNumber(word)) words.push_back(word);
     });
   }
@@ -198,9 +223,11 @@ void numbers(bench::Report& report, const std::vector<std::string>& messages, in
       sink = sum;
     };
   };
-  std::vector<Way> ways{
+  const std::vector<bench::Way> ways{
       {"player, a number",
        each([](const std::string& word) { return SLangParser::parseFirstDouble(word); })},
+      {"player, a number as strtod reads it",
+       each([](const std::string& word) { return decimalAtFront(word); })},
       {"strtod, a number",
        each([](const std::string& word) { return std::strtod(word.c_str(), nullptr); })},
       {"from_chars, a number", each([](const std::string& word) {
@@ -209,9 +236,10 @@ void numbers(bench::Report& report, const std::vector<std::string>& messages, in
          return value;
        })}};
   const auto count = static_cast<double>(words.size());
-  measure(ways, passes, [count](double seconds) { return seconds * 1e9 / count; });
-  for (Way& way : ways) report.add(bench::figureOf(way.name, "ns", std::move(way.figures)));
-  report.addRatio("player, a number", "strtod, a number");
+  bench::timeByTurns(report, ways, passes, "ns",
+                     [count](double seconds) { return seconds * 1e9 / count; });
+  report.addRatio(ways[0].name, "strtod, a number");
+  report.addRatio(ways[1].name, "strtod, a number");
 }
 
 int run(int argc, char** argv) {

@@ -6,26 +6,22 @@
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <iostream>
 #include <sstream>
 #include <stdexcept>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "behaviour/Agent.h"
 #include "bench/Report.h"
+#include "bench/Ways.h"
 #include "perception/WorldModel.h"
 
 namespace {
-
-using Clock = std::chrono::steady_clock;
 
 constexpr std::array kActions{"walkstart.txt", "walkloop1.txt", "walkend.txt", "turnL60.txt",
                               "sideR.txt"};
@@ -73,13 +69,7 @@ void readWords(const char* script) {
   sink = size;
 }
 
-struct Way {
-  std::string name;
-  std::function<void(const char*)> read;
-  std::vector<double> figures{};
-};
-
-/// MB/s of each way over all SCRIPTS, the ways by turns.
+/// MB/s of each way over all SCRIPTS.
 template <std::size_t N>
 void measure(bench::Report& report, const std::string& kind, void (*play)(const char*),
              const std::array<const char*, N>& scripts, int passes) {
@@ -87,22 +77,14 @@ void measure(bench::Report& report, const std::string& kind, void (*play)(const 
   for (const char* script : scripts) {
     bytes += static_cast<double>(std::filesystem::file_size(script));
   }
-  std::array<Way, 3> ways{Way{"player, " + kind, play}, Way{"getline, " + kind, readLines},
-                          Way{"words and numbers, " + kind, readWords}};
-  for (int pass = 0; pass < passes; ++pass) {
-    for (Way& way : ways) {
-      const Clock::time_point start = Clock::now();
-      for (const char* script : scripts) way.read(script);
-      const std::chrono::duration<double, std::micro> took = Clock::now() - start;
-      way.figures.push_back(bytes / took.count());
-    }
-  }
-  for (Way& way : ways) {
-    bench::Figure figure = bench::figureOf(way.name, "MB/s", std::move(way.figures));
-    figure.p99.reset();  // the fast end says nothing
-    figure.max.reset();
-    report.add(std::move(figure));
-  }
+  const auto each = [&scripts](void (*read)(const char*)) {
+    return [&scripts, read] { std::for_each(scripts.begin(), scripts.end(), read); };
+  };
+  const std::vector<bench::Way> ways{{"player, " + kind, each(play)},
+                                     {"getline, " + kind, each(readLines)},
+                                     {"words and numbers, " + kind, each(readWords)}};
+  bench::timeByTurns(report, ways, passes, "MB/s",
+                     [bytes](double seconds) { return bytes / seconds / 1e6; });
   report.addRatio(ways[0].name, ways[1].name);
   report.addRatio(ways[0].name, ways[2].name);
 }

@@ -1,6 +1,9 @@
 /// BasicAgent: the joints' targets, the motion step, and the one door through which messages leave.
 
+#include <cstring>
 #include <limits>
+#include <string_view>
+#include <utility>
 
 #include "body/BasicAgent.h"
 #include "perception/WorldModel.h"
@@ -130,8 +133,12 @@ void BasicAgent::initMove(double seconds) {
 }
 
 HingJoint* BasicAgent::findJoint(std::string perceptorName) {
+  // Most names differ in their last character already.
+  const char last = perceptorName.empty() ? '\0' : perceptorName.back();
   for (HingJoint& joint : joints) {
-    if (joint.perceptorName == perceptorName) {
+    const std::string& name = joint.perceptorName;
+    if (name.size() == perceptorName.size() && (name.empty() || name.back() == last) &&
+        name == perceptorName) {
       return &joint;
     }
   }
@@ -139,16 +146,23 @@ HingJoint* BasicAgent::findJoint(std::string perceptorName) {
 }
 
 void BasicAgent::sendCommand(std::string text) {
+  constexpr std::string_view kHeadYawEffector = "he1";
+  constexpr std::size_t kZerosAndLength = 171;  // so the link need not make room once more
   commands += text;
   std::string message;
+  message.reserve(kZerosAndLength + commands.size());
   for (const jointsFlag& flag : jointFlags) {
     // The head's yaw alone keeps turning at its last speed from one command to the next.
-    if (flag.effectorName != "he1") {
-      message += "(" + flag.effectorName + " 0)";
+    if (flag.effectorName != kHeadYawEffector) {
+      message += '(';
+      message += flag.effectorName;
+      message += " 0)";
     }
   }
   message += commands;
-  Connection::getSingleton()->PutMSG(message.c_str());
+  // What a C string tells: a zero byte would end the message.
+  message.resize(std::strlen(message.c_str()));
+  Connection::getSingleton()->PutMSG(std::move(message));
   commands.clear();
 }
 
@@ -157,5 +171,7 @@ std::string BasicAgent::getCommands() const {
 }
 
 void BasicAgent::sendSay(std::string text) {
-  sendCommand("(say " + text + ")");
+  text.insert(0, "(say ");
+  text += ')';
+  sendCommand(std::move(text));
 }

@@ -1,9 +1,10 @@
 /// BasicAgent: the heartbeat of the body, and the controller that turns targets into speeds.
 
-#include <sstream>
+#include <utility>
 
 #include "body/BasicAgent.h"
 #include "math/Geometry.h"
+#include "math/NumberText.h"
 #include "perception/WorldModel.h"
 
 namespace {
@@ -76,7 +77,7 @@ void BasicAgent::move() {
     sendCommand("");
     return;
   }
-  std::ostringstream speeds;
+  std::string speeds;
   for (jointsFlag& flag : jointFlags) {
     if (!flag.active) {
       continue;
@@ -90,9 +91,13 @@ void BasicAgent::move() {
         error * Kp + flag.errorSum * Ki + ((error - flag.lastError) / kCycleSeconds) * Kd;
     flag.lastError = error;
     flag.speed = out / kCycleSeconds;
-    speeds << "(" << flag.effectorName << " " << flag.speed << ")";
+    speeds += '(';
+    speeds += flag.effectorName;
+    speeds += ' ';
+    appendShort(speeds, flag.speed);
+    speeds += ')';
   }
-  sendCommand(speeds.str());
+  sendCommand(std::move(speeds));
   --moveCyclesLeft;
   lastMoveCycle = now;
   // The count alone ends a step: the joints stop at the next message, wherever they are.

@@ -1,8 +1,11 @@
 /// BasicAgent: the gate of particles that a measured position passes once the game is running.
 
+#include <span>
+
 #include "body/BasicAgent.h"
 #include "math/Geometry.h"
 #include "math/Line.h"
+#include "math/ParallelBand.h"
 
 namespace {
 
@@ -29,12 +32,19 @@ void BasicAgent::calculateMyPosWithParticleFiltering(VecPosition measured) {
                                                  shifted(measured, kBand, measured.z));
   const Line lower = Line::makeLineFromTwoPoints(shifted(last, -kBand, measured.z),
                                                  shifted(measured, -kBand, measured.z));
-  VecPosition sum(0.0, 0.0, 0.0);
-  int passed = 0;
+  const ParallelBand band(upper, lower);
+  const std::span<particle> particles(filter.particles.get(),
+                                      static_cast<std::size_t>(filter.count));
   for (int i = 0; i < filter.count; ++i) {
     filter.transition(i);
-    particle& p = filter.particles[static_cast<std::size_t>(i)];
-    p.weight = Line::isInBetweenTwoParallelLines(upper, lower, p.pos) ? 1.0 : 0.0;
+  }
+  // Each by itself: what passes is chance, and a wrong guess shall not cost a draw or a root.
+  for (particle& p : particles) {
+    p.weight = band.holds(p.pos) ? 1.0 : 0.0;
+  }
+  VecPosition sum(0.0, 0.0, 0.0);
+  int passed = 0;
+  for (const particle& p : particles) {
     if (p.weight == 1.0) {
       sum.x += p.pos.x;
       sum.y += p.pos.y;

@@ -5,6 +5,7 @@
 
 #include "math/Algebra.h"
 #include "math/Geometry.h"
+#include "math/ParallelBand.h"
 
 namespace {
 
@@ -109,9 +110,7 @@ bool Line::isInBetween(VecPosition p, VecPosition p1, VecPosition p2) const {
 }
 
 bool Line::isInBetweenTwoParallelLines(Line l1, Line l2, VecPosition p) {
-  const VecPosition f1 = l1.getPointOnLineClosestTo(p);
-  const VecPosition f2 = l2.getPointOnLineClosestTo(p);
-  return f1.getDistanceTo(f2) >= f1.getDistanceTo(p) + f2.getDistanceTo(p);
+  return ParallelBand(l1, l2).holds(p);
 }
 
 int Line::getCircleIntersectionPoints(Circle circle, VecPosition* p1, VecPosition* p2) const {

@@ -2,38 +2,35 @@
 ///
 /// A decoder that gives an element up stores nothing of it and counts one more complaint.
 
-#include "perception/SLangParser.h"
-
-#include <cstdlib>
-
 #include "behaviour/Agent.h"
 #include "math/Geometry.h"
+#include "perception/Decoders.h"
 #include "perception/Elements.h"
-#include "perception/Tokenizer.h"
+#include "perception/NumberReaders.h"
+#include "perception/SLangParser.h"
 
 namespace {
 
 constexpr std::size_t kNamed = 2;   ///< tokens of "(n torso)"
 constexpr std::size_t kVector = 4;  ///< tokens of "(rt x y z)"
 
-VecPosition readVector(const std::vector<std::string>& tokens) {
-  return {SLangParser::parseFirstDouble(tokens[1]), SLangParser::parseFirstDouble(tokens[2]),
-          SLangParser::parseFirstDouble(tokens[3])};
+VecPosition readVector(const TokenViews& tokens) {
+  return {firstDouble(tokens[1]), firstDouble(tokens[2]), firstDouble(tokens[3])};
 }
 
 }  // namespace
 
-int SLangParser::parseGyroInfo(const std::string& text) {
-  std::vector<std::string> elements;
-  if (!parseSExpression(text, elements)) {
+int decodeGyro(std::string_view text) {
+  TokenViews elements;
+  if (!splitList(text, elements)) {
     return 1;
   }
   int complaints = 0;
-  std::string name;
+  std::string_view name;
   VecPosition rate;
-  std::vector<std::string> tokens;
+  TokenViews tokens;
   for (std::size_t i = 1; i < elements.size(); ++i) {
-    const std::string& element = elements[i];
+    const std::string_view element = elements[i];
     if (element.starts_with("(n")) {
       if (!splitInto(element, kNamed, tokens)) {
         return complaints + 1;
@@ -53,32 +50,32 @@ int SLangParser::parseGyroInfo(const std::string& text) {
   return complaints;
 }
 
-int SLangParser::parseACCInfo(const std::string& text) {
+int decodeAcceleration(std::string_view text) {
   // Blind on purpose: the third group is the reading, in whatever element has come here.
-  Tokenizer groups(text, "(");
+  Pieces groups(text, '(');
   groups.next();
   groups.next();
-  Tokenizer words(groups.next(), " ");
+  Pieces words(groups.next(), ' ');
   words.next();
   VecPosition reading;
-  reading.x = std::strtod(words.next().c_str(), nullptr);
-  reading.y = std::strtod(words.next().c_str(), nullptr);
-  reading.z = std::strtod(words.next().c_str(), nullptr);
+  reading.x = decimalAtFront(words.next());
+  reading.y = decimalAtFront(words.next());
+  reading.z = decimalAtFront(words.next());
   Agent::getSingleton()->accel = reading;
   return 1;
 }
 
-int SLangParser::parseHingeJointInfo(const std::string& text) {
-  std::vector<std::string> elements;
-  if (!parseSExpression(text, elements)) {
+int decodeHingeJoint(std::string_view text) {
+  TokenViews elements;
+  if (!splitList(text, elements)) {
     return 1;
   }
   int complaints = 0;
-  std::string name;
+  std::string_view name;
   double value = kMissingNumber;
-  std::vector<std::string> tokens;
+  TokenViews tokens;
   for (std::size_t i = 1; i < elements.size(); ++i) {
-    const std::string& element = elements[i];
+    const std::string_view element = elements[i];
     if (element.starts_with("(n")) {
       if (!splitInto(element, kNamed, tokens)) {
         return complaints + 1;
@@ -88,7 +85,7 @@ int SLangParser::parseHingeJointInfo(const std::string& text) {
       if (!splitInto(element, kNamed, tokens)) {
         return complaints + 1;
       }
-      value = parseFirstDouble(tokens[1]);
+      value = firstDouble(tokens[1]);
     } else if (element.starts_with("(rt")) {
       // The joint's rate has no use here; only its form is looked at.
       if (!splitInto(element, kNamed, tokens)) {
@@ -98,7 +95,7 @@ int SLangParser::parseHingeJointInfo(const std::string& text) {
       ++complaints;
     }
   }
-  HingJoint* const joint = Agent::getSingleton()->findJoint(name);
+  HingJoint* const joint = Agent::getSingleton()->findJoint(std::string(name));
   if (joint == nullptr) {
     return complaints + 1;
   }
@@ -110,18 +107,18 @@ int SLangParser::parseHingeJointInfo(const std::string& text) {
   return complaints;
 }
 
-int SLangParser::parseFRPInfo(const std::string& text) {
-  std::vector<std::string> elements;
-  if (!parseSExpression(text, elements)) {
+int decodeFootForce(std::string_view text) {
+  TokenViews elements;
+  if (!splitList(text, elements)) {
     return 1;
   }
   int complaints = 0;
-  std::string name;
+  std::string_view name;
   VecPosition centre = UnknownPosition;
   VecPosition force = UnknownPosition;
-  std::vector<std::string> tokens;
+  TokenViews tokens;
   for (std::size_t i = 1; i < elements.size(); ++i) {
-    const std::string& element = elements[i];
+    const std::string_view element = elements[i];
     if (element.starts_with("(n")) {
       if (!splitInto(element, kNamed, tokens)) {
         return complaints + 1;
@@ -145,4 +142,20 @@ int SLangParser::parseFRPInfo(const std::string& text) {
     agent->leftFootForce = force;
   }
   return complaints;
+}
+
+int SLangParser::parseGyroInfo(const std::string& text) {
+  return decodeGyro(text);
+}
+
+int SLangParser::parseACCInfo(const std::string& text) {
+  return decodeAcceleration(text);
+}
+
+int SLangParser::parseHingeJointInfo(const std::string& text) {
+  return decodeHingeJoint(text);
+}
+
+int SLangParser::parseFRPInfo(const std::string& text) {
+  return decodeFootForce(text);
 }

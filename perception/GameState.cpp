@@ -1,30 +1,31 @@
 /// SLangParser: the server's time and the state of the game.
 
-#include "perception/SLangParser.h"
-
 #include "behaviour/Agent.h"
+#include "perception/Decoders.h"
 #include "perception/Elements.h"
+#include "perception/NumberReaders.h"
+#include "perception/SLangParser.h"
 #include "perception/WorldModel.h"
 
-int SLangParser::parseTimeInfo(const std::string& text) {
-  std::vector<std::string> elements;
-  if (!parseSExpression(text, elements)) {
+int decodeTime(std::string_view text) {
+  TokenViews elements;
+  if (!splitList(text, elements)) {
     return 1;
   }
   int complaints = 0;
   double now = kMissingNumber;
   double step = kMissingNumber;
-  std::vector<std::string> tokens;
+  TokenViews tokens;
   for (std::size_t i = 1; i < elements.size(); ++i) {
-    const std::string& element = elements[i];
+    const std::string_view element = elements[i];
     if (element.starts_with("(now")) {
       if (!splitInto(element, 2, tokens)) {
         return complaints + 1;
       }
-      now = parseFirstDouble(tokens[1]);
+      now = firstDouble(tokens[1]);
     } else if (element.starts_with("(step")) {
       if (splitInto(element, 2, tokens)) {
-        step = parseFirstDouble(tokens[1]);
+        step = firstDouble(tokens[1]);
       } else {
         ++complaints;
       }
@@ -43,27 +44,27 @@ int SLangParser::parseTimeInfo(const std::string& text) {
   return complaints;
 }
 
-int SLangParser::parseGameState(const std::string& text) {
-  std::vector<std::string> elements;
-  if (!parseSExpression(text, elements)) {
+int decodeGameState(std::string_view text) {
+  TokenViews elements;
+  if (!splitList(text, elements)) {
     return 1;
   }
   int complaints = 0;
   WorldModel* const world = WorldModel::getSingleton();
-  std::vector<std::string> tokens;
+  TokenViews tokens;
   for (std::size_t i = 1; i < elements.size(); ++i) {
     if (!splitInto(elements[i], 2, tokens)) {
       ++complaints;
       continue;
     }
-    const std::string& key = tokens[0];
-    const std::string& value = tokens[1];
+    const std::string_view key = tokens[0];
+    const std::string_view value = tokens[1];
     if (key == "unum") {
-      Agent::getSingleton()->uNum = parseFirstInt(value, 0);
+      Agent::getSingleton()->uNum = firstInt(value, 0);
     } else if (key == "team") {
       world->teamSide = value;
     } else if (key == "t") {
-      const double time = parseFirstDouble(value);
+      const double time = firstDouble(value);
       world->gameTimeDelta = time - world->gameTime;
       world->gameTime = time;
     } else if (key == "pm") {
@@ -73,4 +74,12 @@ int SLangParser::parseGameState(const std::string& text) {
     }
   }
   return complaints;
+}
+
+int SLangParser::parseTimeInfo(const std::string& text) {
+  return decodeTime(text);
+}
+
+int SLangParser::parseGameState(const std::string& text) {
+  return decodeGameState(text);
 }

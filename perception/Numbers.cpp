@@ -1,8 +1,12 @@
-/// SLangParser: the forgiving number readers.
+#include "perception/NumberReaders.h"
+
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
 
 #include "perception/SLangParser.h"
-
-#include <cmath>
 
 namespace {
 
@@ -14,21 +18,21 @@ bool isDigit(char c) {
   return c >= '0' && c <= '9';
 }
 
-bool isNanAt(const std::string& text, std::size_t i) {
+bool isNanAt(std::string_view text, std::size_t i) {
   return text.size() - i > kTailOfNan &&
          (text.compare(i, 3, "NaN") == 0 || text.compare(i, 3, "nan") == 0);
 }
 
-char at(const std::string& text, std::size_t i) {
+char at(std::string_view text, std::size_t i) {
   return i < text.size() ? text[i] : '\0';
 }
 
-double powerOfTen(const std::string& text, std::size_t start) {
-  return std::pow(10.0, SLangParser::parseFirstInt(text, static_cast<int>(start)));
+double powerOfTen(std::string_view text, std::size_t start) {
+  return std::pow(10.0, firstInt(text, static_cast<int>(start)));
 }
 
 /// The unsigned number at I.
-double readMagnitude(const std::string& text, std::size_t i) {
+double readMagnitude(std::string_view text, std::size_t i) {
   double value = 0.0;
   double scale = 1.0;
   bool inFraction = false;
@@ -51,9 +55,14 @@ double readMagnitude(const std::string& text, std::size_t i) {
   return value;
 }
 
+/// Up to so many digits a number is exact in a double, and so is any power of ten below.
+constexpr int kExactDigits = 15;
+constexpr std::array kPowersOfTen{1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                  1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+
 }  // namespace
 
-double SLangParser::parseFirstDouble(const std::string& text) {
+double firstDouble(std::string_view text) {
   for (std::size_t i = 0; i < text.size(); ++i) {
     const char c = text[i];
     if (isDigit(c) || c == '.') {
@@ -70,7 +79,7 @@ double SLangParser::parseFirstDouble(const std::string& text) {
   return 0.0;
 }
 
-int SLangParser::parseFirstInt(const std::string& text, const int& start) {
+int firstInt(std::string_view text, int start) {
   if (text.compare(0, 3, "nan") == 0 || start < 0) {
     return 0;
   }
@@ -88,4 +97,55 @@ int SLangParser::parseFirstInt(const std::string& text, const int& start) {
     value = value * 10U + static_cast<unsigned int>(text[i] - '0');
   }
   return static_cast<int>(negative ? 0U - value : value);
+}
+
+double decimalAtFront(std::string_view text) {
+  const bool negative = at(text, 0) == '-';
+  std::size_t i = negative ? 1 : 0;
+  std::uint64_t digits = 0;
+  int count = 0;
+  std::size_t decimals = 0;
+  bool inFraction = false;
+  for (char c = at(text, i); count <= kExactDigits; c = at(text, ++i)) {
+    if (isDigit(c)) {
+      digits = digits * 10U + static_cast<std::uint64_t>(c - '0');
+      ++count;
+      decimals += inFraction ? 1U : 0U;
+    } else if (c == '.' && !inFraction) {
+      inFraction = true;
+    } else {
+      break;
+    }
+  }
+  // Two exact numbers: their quotient is rounded once, as strtod's result is. (Clinger, "How to
+  // read floating point numbers accurately", 1990.)
+  const bool ends = i >= text.size() || text[i] == ')';
+  if (ends && count > 0 && count <= kExactDigits) {
+    const double magnitude = static_cast<double>(digits) / kPowersOfTen[decimals];
+    return negative ? -magnitude : magnitude;
+  }
+  return std::strtod(std::string(text).c_str(), nullptr);
+}
+
+int integerAtFront(std::string_view text) {
+  constexpr std::size_t kSmall = 9;
+  if (text.empty() || text.size() > kSmall) {
+    return static_cast<int>(std::strtol(std::string(text).c_str(), nullptr, 10));
+  }
+  int value = 0;
+  for (const char c : text) {
+    if (!isDigit(c)) {
+      return static_cast<int>(std::strtol(std::string(text).c_str(), nullptr, 10));
+    }
+    value = value * 10 + (c - '0');
+  }
+  return value;
+}
+
+double SLangParser::parseFirstDouble(const std::string& text) {
+  return firstDouble(text);
+}
+
+int SLangParser::parseFirstInt(const std::string& text, const int& start) {
+  return firstInt(text, start);
 }

@@ -3,19 +3,8 @@
 #include "perception/SLangParser.h"
 
 #include <algorithm>
-#include <cctype>
 
-namespace {
-
-bool isSpace(char c) {
-  return std::isspace(static_cast<unsigned char>(c)) != 0;
-}
-
-bool endsWord(char c) {
-  return isSpace(c) || c == ')' || c == '(' || c == ';';
-}
-
-}  // namespace
+#include "perception/ListView.h"
 
 bool SLangParser::parseSExpression(const std::string& text, std::vector<std::string>& tokens,
                                    std::vector<std::string>* comments) {
@@ -52,19 +41,8 @@ bool SLangParser::extractSExpToken(iterator& it, const iterator& end,
     return false;
   }
   const iterator start = it;
-  if (*it == '(') {
-    int depth = 0;
-    do {
-      if (*it == '(') {
-        ++depth;
-      } else if (*it == ')') {
-        --depth;
-      }
-      ++it;
-    } while (it != end && depth > 0);
-  } else {
-    it = std::find_if(it, end, endsWord);
-  }
+  const char* const front = &*it;
+  it += endOfToken(front, front + (end - it)) - front;
   tokens.emplace_back(start, it);
   return it != end;
 }

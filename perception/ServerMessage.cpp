@@ -1,5 +1,7 @@
 /// SLangParser: one whole message of the server, and which decoder gets which element.
 
+#include "perception/Decoders.h"
+#include "perception/ListView.h"
 #include "perception/SLangParser.h"
 #include "perception/WorldModel.h"
 
@@ -17,32 +19,33 @@ void clearSeen(visionInfo& vision) {
 }
 
 /// Told by the second character alone (for "G" by the third as well); what nobody knows is skipped.
-void decode(const std::string& element) {
-  switch (element[1]) {
+void decode(std::string_view element) {
+  const auto at = [element](std::size_t i) { return i < element.size() ? element[i] : '\0'; };
+  switch (at(1)) {
     case 'A':
-      SLangParser::parseACCInfo(element);
+      decodeAcceleration(element);
       break;
     case 'F':
-      SLangParser::parseFRPInfo(element);
+      decodeFootForce(element);
       break;
     case 'G':
-      if (element[2] == 'Y') {
-        SLangParser::parseGyroInfo(element);
-      } else if (element[2] == 'S') {
-        SLangParser::parseGameState(element);
+      if (at(2) == 'Y') {
+        decodeGyro(element);
+      } else if (at(2) == 'S') {
+        decodeGameState(element);
       }
       break;
     case 'H':
-      SLangParser::parseHingeJointInfo(element);
+      decodeHingeJoint(element);
       break;
     case 'S':
-      SLangParser::updateFromSeeMessage(element);
+      decodeSee(element);
       break;
     case 'h':
-      SLangParser::parseHearMessage(element);
+      SLangParser::parseHearMessage(std::string(element));
       break;
     case 't':
-      SLangParser::parseTimeInfo(element);
+      decodeTime(element);
       break;
     default:
       break;
@@ -53,12 +56,12 @@ void decode(const std::string& element) {
 
 bool SLangParser::updateFromServerMsg(const std::string& text) {
   clearSeen(WorldModel::getSingleton()->vision);
-  std::vector<std::string> elements;
-  if (!parseSExpression(text, elements)) {
+  TokenViews elements;
+  if (!splitList(text, elements)) {
     return false;
   }
-  for (const std::string& element : elements) {
-    decode(element);
+  for (std::size_t i = 0; i < elements.size(); ++i) {
+    decode(elements[i]);
   }
   return true;
 }

@@ -27,12 +27,12 @@ std::string Tokenizer::next() {
   if (buffer.empty()) {
     return {};
   }
-  token.clear();
   skipDelimiter();
+  const auto start = currPos;
   while (currPos != buffer.cend() && !isDelimiter(*currPos)) {
-    token += *currPos;
     ++currPos;
   }
+  token.assign(start, currPos);
   return token;
 }
 

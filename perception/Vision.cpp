@@ -1,16 +1,18 @@
 /// SLangParser: what the camera sees. Ball and players are placed at once, with the pose that the
 /// previous cycle left, and reported to the team from within their decoders.
 
-#include "perception/SLangParser.h"
-
 #include <algorithm>
 #include <array>
-#include <cstdlib>
-#include <sstream>
+#include <string>
+#include <utility>
 
 #include "behaviour/Agent.h"
 #include "math/Geometry.h"
-#include "perception/Tokenizer.h"
+#include "math/NumberText.h"
+#include "perception/Decoders.h"
+#include "perception/ListView.h"
+#include "perception/NumberReaders.h"
+#include "perception/SLangParser.h"
 #include "perception/WorldModel.h"
 
 namespace {
@@ -28,24 +30,32 @@ struct Polar {
 };
 
 /// What is short or garbled reads as zero.
-Polar readPolar(const std::string& group) {
-  Tokenizer words(group, " ");
+Polar readPolar(std::string_view group) {
+  Pieces words(group, ' ');
   words.next();
   Polar polar{};
-  polar.distance = std::strtod(words.next().c_str(), nullptr);
-  polar.angle = std::strtod(words.next().c_str(), nullptr);
-  polar.elevation = std::strtod(words.next().c_str(), nullptr);
+  polar.distance = decimalAtFront(words.next());
+  polar.angle = decimalAtFront(words.next());
+  polar.elevation = decimalAtFront(words.next());
   return polar;
 }
 
-std::string withoutTail(std::string text, std::size_t length) {
-  text.resize(text.size() - std::min(text.size(), length));
-  return text;
+std::string_view withoutTail(std::string_view text, std::size_t length) {
+  return text.substr(0, text.size() - std::min(text.size(), length));
 }
 
 /// The polar group of a landmark or of the ball, less the parentheses that close it.
-Polar readOnlyPolar(const std::string& group) {
+Polar readOnlyPolar(std::string_view group) {
   return readPolar(withoutTail(group, 2));
+}
+
+/// LENGTH characters from FROM on, or what there is of them. A text that ends before FROM is an
+/// error, the one of a string.
+std::string_view cutOut(std::string_view text, std::size_t from, std::size_t length) {
+  if (from > text.size()) {
+    static_cast<void>(std::string(text).substr(from, length));
+  }
+  return text.substr(from, length);
 }
 
 /// A sight on the ground plane of the field, by the player's place and heading; ELEVATION is the
@@ -53,12 +63,13 @@ Polar readOnlyPolar(const std::string& group) {
 VecPosition place(double distance, double angle, double elevation) {
   Agent* const agent = Agent::getSingleton();
   const double direction = angle + agent->findJoint("hj1")->angle + agent->myDegree;
-  return {agent->myPos.x + cosDeg(direction) * distance * cosDeg(elevation),
-          agent->myPos.y + sinDeg(direction) * distance * cosDeg(elevation), 0.0};
+  const double level = cosDeg(elevation);
+  return {agent->myPos.x + cosDeg(direction) * distance * level,
+          agent->myPos.y + sinDeg(direction) * distance * level, 0.0};
 }
 
 struct NamedFlag {
-  const char* name;
+  std::string_view name;
   PolarInfo visionInfo::*flag;
 };
 
@@ -72,53 +83,26 @@ constexpr std::array<NamedFlag, 8> kFlags{{{"F1L", &visionInfo::F1L},
                                            {"G2R", &visionInfo::G2R}}};
 
 void reportBall(int unum, const VecPosition& position, double distance) {
-  std::ostringstream text;
-  text << std::fixed;
-  text.precision(2);
-  text << "|," << unum << "," << position.x << "," << position.y << "," << distance;
-  Agent::getSingleton()->sendSay(text.str());
+  std::string text = "|," + std::to_string(unum);
+  for (const double number : {position.x, position.y, distance}) {
+    text += ',';
+    appendFixed(text, number, 2);
+  }
+  Agent::getSingleton()->sendSay(std::move(text));
 }
 
 void reportOpponent(int number, const VecPosition& position) {
-  std::ostringstream text;
-  text << "~," << number << "," << position.x << "," << position.y;
-  Agent::getSingleton()->sendSay(text.str());
+  std::string text = "~," + std::to_string(number);
+  for (const double coordinate : {position.x, position.y}) {
+    text += ',';
+    appendShort(text, coordinate);
+  }
+  Agent::getSingleton()->sendSay(std::move(text));
 }
 
-}  // namespace
-
-int SLangParser::updateFromSeeMessage(const std::string& text) {
-  WorldModel* const world = WorldModel::getSingleton();
-  // Even an element that can't be split counts as vision for this cycle.
-  world->lastSeeCycle = world->cycle;
-  std::vector<std::string> elements;
-  if (!parseSExpression(text, elements)) {
-    return 1;
-  }
-  int notUnderstood = 0;
-  for (std::size_t i = 1; i < elements.size(); ++i) {
-    switch (elements[i][1]) {
-      case 'B':
-        notUnderstood += parseBallInfo(elements[i]);
-        break;
-      case 'F':
-      case 'G':
-        notUnderstood += parseFlagInfo(elements[i]);
-        break;
-      case 'P':
-        notUnderstood += parsePlayerInfo(elements[i]);
-        break;
-      default:
-        ++notUnderstood;
-        break;
-    }
-  }
-  return notUnderstood;
-}
-
-int SLangParser::parseFlagInfo(const std::string& text) {
-  Tokenizer groups(text, "(");
-  const std::string name = withoutTail(groups.next(), 1);
+int decodeFlag(std::string_view text) {
+  Pieces groups(text, '(');
+  const std::string_view name = withoutTail(groups.next(), 1);
   for (const NamedFlag& candidate : kFlags) {
     if (name == candidate.name) {
       const Polar polar = readOnlyPolar(groups.next());
@@ -133,12 +117,12 @@ int SLangParser::parseFlagInfo(const std::string& text) {
   return 1;
 }
 
-int SLangParser::parseBallInfo(const std::string& text) {
+int decodeBall(std::string_view text) {
   WorldModel* const world = WorldModel::getSingleton();
   PolarInfo& ball = world->vision.ball;
   ball.seen = true;
 
-  Tokenizer groups(text, "(");
+  Pieces groups(text, '(');
   groups.next();
   const Polar polar = readOnlyPolar(groups.next());
   ball.distance = polar.distance;
@@ -168,21 +152,21 @@ int SLangParser::parseBallInfo(const std::string& text) {
   return 0;
 }
 
-int SLangParser::parsePlayerInfo(const std::string& text) {
+int decodePlayer(std::string_view text) {
   WorldModel* const world = WorldModel::getSingleton();
-  Tokenizer groups(text, "(");
+  Pieces groups(text, '(');
   groups.next();
   // "team Foo) " and "id 3) ": the layout is fixed, and an element too short to cut is fatal.
-  const std::string teamGroup = groups.next();
-  const std::string team = teamGroup.substr(5, teamGroup.size() - 7);
-  const std::string idGroup = groups.next();
-  const std::string id = idGroup.substr(3, idGroup.size() - 4);
+  const std::string_view teamGroup = groups.next();
+  const std::string_view team = cutOut(teamGroup, 5, teamGroup.size() - 7);
+  const std::string_view idGroup = groups.next();
+  const std::string_view id = cutOut(idGroup, 3, idGroup.size() - 4);
   groups.next();
   const Polar polar = readPolar(groups.next());
 
   seenPlayer player;
   player.isOpponent = team == world->teamName ? 0 : 1;
-  player.unum = static_cast<int>(std::strtol(id.c_str(), nullptr, 10));
+  player.unum = integerAtFront(id);
   player.polar.distance = polar.distance;
   player.polar.angle = polar.angle;
   player.polar.elevation = polar.elevation + Agent::getSingleton()->findJoint("hj2")->angle;
@@ -200,4 +184,52 @@ int SLangParser::parsePlayerInfo(const std::string& text) {
     reportOpponent(number, player.polar.position);
   }
   return 0;
+}
+
+}  // namespace
+
+int decodeSee(std::string_view text) {
+  WorldModel* const world = WorldModel::getSingleton();
+  // Even an element that can't be split counts as vision for this cycle.
+  world->lastSeeCycle = world->cycle;
+  TokenViews elements;
+  if (!splitList(text, elements)) {
+    return 1;
+  }
+  int notUnderstood = 0;
+  for (std::size_t i = 1; i < elements.size(); ++i) {
+    const std::string_view element = elements[i];
+    switch (element.size() > 1 ? element[1] : '\0') {
+      case 'B':
+        notUnderstood += decodeBall(element);
+        break;
+      case 'F':
+      case 'G':
+        notUnderstood += decodeFlag(element);
+        break;
+      case 'P':
+        notUnderstood += decodePlayer(element);
+        break;
+      default:
+        ++notUnderstood;
+        break;
+    }
+  }
+  return notUnderstood;
+}
+
+int SLangParser::updateFromSeeMessage(const std::string& text) {
+  return decodeSee(text);
+}
+
+int SLangParser::parseFlagInfo(const std::string& text) {
+  return decodeFlag(text);
+}
+
+int SLangParser::parseBallInfo(const std::string& text) {
+  return decodeBall(text);
+}
+
+int SLangParser::parsePlayerInfo(const std::string& text) {
+  return decodePlayer(text);
 }

@@ -152,8 +152,8 @@ void Connection::PutMSG(std::string msg) {
   if (msg.empty()) {
     return;
   }
-  const std::string frame = writeLength(msg.size()) + msg;
-  send(frame.data(), static_cast<unsigned int>(frame.size()));
+  msg.insert(0, writeLength(msg.size()));
+  send(msg.data(), static_cast<unsigned int>(msg.size()));
 }
 
 void Connection::Done() {
