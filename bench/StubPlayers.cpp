@@ -1,6 +1,5 @@
 #include "bench/StubPlayers.h"
 
-#include <fstream>
 #include <stdexcept>
 
 #include "arena/model/BodyTable.h"
@@ -45,14 +44,6 @@ void play(std::uint16_t port, int player) {
   }
 }
 
-std::string processor() {
-  std::ifstream info("/proc/cpuinfo");
-  for (std::string line; std::getline(info, line);) {
-    if (line.starts_with("model name")) return line.substr(line.find(':') + 2);
-  }
-  return "unknown processor";
-}
-
 }  // namespace
 
 StubPlace stubPlace(int player) {
@@ -67,11 +58,6 @@ StubPlayers::StubPlayers(std::uint16_t port, int count) {
 
 StubPlayers::~StubPlayers() {
   for (std::thread& player : players_) player.join();
-}
-
-std::string machineLine() {
-  return processor() + "; " + std::to_string(std::thread::hardware_concurrency()) +
-         " processors; " + __VERSION__ + "; " + PITCH_BUILD_FLAGS + "; commit " + PITCH_COMMIT;
 }
 
 }  // namespace bench

@@ -5,7 +5,6 @@
 /// arena's work is asked for.
 
 #include <cstdint>
-#include <string>
 #include <thread>
 #include <vector>
 
@@ -30,8 +29,5 @@ struct StubPlace {
   double y;
 };
 StubPlace stubPlace(int player);
-
-/// "Some processor; 2 processors; compiler; flags; commit": the first line of a benchmark.
-std::string machineLine();
 
 }  // namespace bench

@@ -2,7 +2,7 @@
 // the time of a cycle go? Six and twelve stub players in this process, then real ones. Beside them,
 // as a yardstick, the bare steps of the physics engine with as many robots in the same run.
 //
-//   arena [seconds of simulated time, default 20]
+//   arena [seconds of simulated time, default 20] [--json FILE]
 
 #include <fcntl.h>
 #include <spawn.h>
@@ -26,6 +26,7 @@
 #include "arena/main/MatchServer.h"
 #include "arena/world/Scene.h"
 #include "arena/world/Servo.h"
+#include "bench/Report.h"
 #include "bench/StubPlayers.h"
 
 namespace {
@@ -164,7 +165,9 @@ Outcome realPlayers(int count, double seconds) {
   return play(server);
 }
 
-void printCase(const std::string& name, const Outcome& outcome, const Yardstick& bare) {
+/// Prints one case and puts its figures into REPORT.
+void tellCase(bench::Report& report, const std::string& name, const Outcome& outcome,
+              const Yardstick& bare) {
   if (outcome.cycleMs.empty()) return;
   const auto cycles = static_cast<double>(outcome.pace.cycles);
   const auto percentile = [&](std::size_t p) {
@@ -188,6 +191,7 @@ void printCase(const std::string& name, const Outcome& outcome, const Yardstick&
     std::cout << "  " << std::left << std::setw(36) << part << std::right << std::setw(8)
               << std::setprecision(3) << ms << " ms" << std::setw(8) << std::setprecision(1)
               << 100 * ms / bare.engine << " %\n";
+    report.add({name + ": " + part, "ms", ms, {}, {}, {}});
   };
   using Span = arena::CycleTimes::Span;
   const auto total = [&](double ms) {
@@ -204,7 +208,8 @@ void printCase(const std::string& name, const Outcome& outcome, const Yardstick&
   row("the arena's own", total(bare.world - bare.engine) + work.total() - work.physics);
 }
 
-int run(double seconds) {
+int run(double seconds, const std::string& file) {
+  bench::Report report("arena");
   std::cout << bench::machineLine() << "\nprocessor time of the match's thread per cycle, and "
             << "as a share of the engine's steps:\n";
   const bool withReal = std::filesystem::exists(PITCH_BIN_DIR "/pitchagent");
@@ -212,9 +217,12 @@ int run(double seconds) {
     const auto cycles = static_cast<int>(seconds / arena::kCycleSeconds);
     const Yardstick bare = measureBare(count, cycles);
     const std::string number = count == 6 ? "six" : "twelve";
-    printCase(number + " stub players", stubs(count, seconds), bare);
-    if (withReal) printCase(number + " real players", realPlayers(count, seconds), bare);
+    tellCase(report, number + " stub players", stubs(count, seconds), bare);
+    if (withReal) {
+      tellCase(report, number + " real players", realPlayers(count, seconds), bare);
+    }
   }
+  if (!file.empty()) report.save(file);
   return 0;
 }
 
@@ -223,7 +231,8 @@ int run(double seconds) {
 int main(int argc, char** argv) {
   try {
     arena::keepFreedMemory();
-    return run(std::max(3.0, argc > 1 ? std::atof(argv[1]) : 20));
+    const std::string file = bench::takeJsonFile(argc, argv);
+    return run(std::max(3.0, argc > 1 ? std::atof(argv[1]) : 20), file);
   } catch (const std::exception& error) {
     std::cerr << "arena: " << error.what() << '\n';
     return 1;

@@ -22,6 +22,7 @@
 
 #include "arena/main/KeptMemory.h"
 #include "arena/main/MatchServer.h"
+#include "bench/Report.h"
 #include "bench/StubPlayers.h"
 #include "tests/arena/link/WireClient.h"
 

@@ -12,6 +12,7 @@
 
 #include "bench/LocalisationTable.h"
 #include "bench/LocalisationTrial.h"
+#include "bench/Report.h"
 
 namespace {
 
@@ -33,8 +34,7 @@ int report(int argc, char** argv) {
     std::cout << bench::asJson(rows);
     return 0;
   }
-  std::cout << "seed " << settings.seed << "; compiler " << __VERSION__ << "; flags "
-            << PITCH_BUILD_FLAGS << "; commit " << PITCH_COMMIT << "\n\n"
+  std::cout << "seed " << settings.seed << "; " << bench::machineLine() << "\n\n"
             << (format == "markdown" ? bench::asMarkdown(rows) : bench::asText(rows)) << R"(
 Filter off: new players, in their first 20 cycles, anywhere on the paths. Such a player takes
 itself to be at the field's centre until a usable pair of landmarks is in view, and to face the

@@ -13,13 +13,13 @@
 #include <cmath>
 #include <cstddef>
 #include <exception>
-#include <fstream>
 #include <iomanip>
 #include <iostream>
 #include <random>
 #include <string>
 #include <vector>
 
+#include "bench/Report.h"
 #include "math/Geometry.h"
 
 namespace {
@@ -28,14 +28,6 @@ constexpr int kRuns = 51;
 constexpr std::size_t kPlaces = 1024;  ///< small enough for the nearest cache
 
 using Line2 = Eigen::Hyperplane<double, 2>;
-
-std::string processor() {
-  std::ifstream info("/proc/cpuinfo");
-  for (std::string line; std::getline(info, line);) {
-    if (line.starts_with("model name")) return line.substr(line.find(':') + 2);
-  }
-  return "unknown processor";
-}
 
 /// One round of inputs in both forms.
 struct Inputs {
@@ -153,8 +145,7 @@ BENCHMARK_CAPTURE(eigen, getDistanceWithPoint, [](const Inputs& in, std::size_t 
 class Table : public benchmark::BenchmarkReporter {
  public:
   bool ReportContext(const Context& /*context*/) override {
-    std::cout << processor() << "; compiler " << __VERSION__ << "; flags " << PITCH_BUILD_FLAGS
-              << "; commit " << PITCH_COMMIT << "; " << kRuns << " runs each\n"
+    std::cout << bench::machineLine() << "; " << kRuns << " runs each\n"
               << std::left << std::setw(36) << "" << std::right << std::setw(8) << "p50 ns"
               << std::setw(8) << "p99 ns" << std::setw(8) << "max ns" << std::endl;
     return true;

@@ -16,13 +16,14 @@
 #include <chrono>
 #include <cstdlib>
 #include <exception>
-#include <fstream>
 #include <iomanip>
 #include <iostream>
 #include <string>
 #include <system_error>
 #include <thread>
 #include <vector>
+
+#include "bench/Report.h"
 
 namespace {
 
@@ -114,12 +115,7 @@ std::vector<double> turnTimes(const Case& what, int turns) {
 }
 
 void report(int turns) {
-  std::string model;
-  std::ifstream info("/proc/cpuinfo");
-  while (std::getline(info, model) && !model.starts_with("model name")) continue;
-  std::cout << model.substr(std::min(model.size(), model.find(':') + 2)) << "; " << __VERSION__
-            << "; " << PITCH_BUILD_FLAGS << "; commit " << PITCH_COMMIT << "; " << turns
-            << " turns each\n"
+  std::cout << bench::machineLine() << "; " << turns << " turns each\n"
             << std::left << std::setw(36) << "TCP_NODELAY" << std::right << std::setw(10)
             << "p50 ms" << std::setw(10) << "p99 ms" << std::setw(10) << "max ms" << '\n';
   for (const Case& what : {Case{"one frame a turn, neither end", false, false, 1},

@@ -2,21 +2,24 @@
 // get-up from the shipped scripts, in the nominal world and in a perturbed one, with the sight and
 // without. Beside them, as a yardstick, the bare world with one robot standing, in the same run.
 //
-//   trial [folder of scripts, default scripts]
+//   trial [folder of scripts, default scripts] [runs, default 5] [--json FILE]
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
+#include <cstdlib>
 #include <ctime>
+#include <exception>
+#include <iostream>
+#include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "arena/world/World.h"
+#include "bench/Report.h"
 #include "workshop/trial/Trials.h"
 
 namespace {
-
-constexpr int kRuns = 5;
 
 struct Case {
   const char* name;
@@ -41,10 +44,18 @@ workshop::TrialJob jobOf(workshop::Step step, workshop::Start start) {
   return job;
 }
 
-}  // namespace
+/// Factors on real time; the highest says nothing.
+bench::Figure speedOf(const std::string& name, std::vector<double> factors) {
+  bench::Figure figure = bench::figureOf(name, "times real time", std::move(factors));
+  figure.p99.reset();
+  figure.max.reset();
+  return figure;
+}
 
-int main(int argc, char** argv) {
+int run(int argc, char** argv) {
+  const std::string file = bench::takeJsonFile(argc, argv);
   const std::string scripts = argc > 1 ? argv[1] : "scripts";
+  const int runs = argc > 2 ? std::max(1, std::atoi(argv[2])) : 5;
   std::array<Case, 4> cases{
       Case{"walk 30 s", jobOf(workshop::walkFor(1500), workshop::Start::kReady)},
       Case{"walk 30 s, seeing", jobOf(workshop::walkFor(1500), workshop::Start::kReady)},
@@ -52,28 +63,34 @@ int main(int argc, char** argv) {
       Case{"get up from the back", jobOf(workshop::getUp(), workshop::Start::kOnBack)}};
   cases[1].job.sight = true;
   cases[2].job.seed = 1;
-  std::printf("compiler %s; times real time by processor time, of %d runs\n%-24s%8s%8s%8s\n",
-              __VERSION__, kRuns, "", "min", "p50", "max");
+  constexpr const char* kBare = "bare world, standing";
+  bench::Report report("trial");
   std::vector<double> bare;
-  bare.reserve(kRuns);
-  for (int i = 0; i < kRuns; ++i) bare.push_back(bareWorld());
-  std::sort(bare.begin(), bare.end());
-  std::printf("%-24s%8.0f%8.0f%8.0f\n", "bare world, standing", bare.front(), bare[kRuns / 2],
-              bare.back());
+  for (int i = 0; i < runs; ++i) bare.push_back(bareWorld());
+  report.add(speedOf(kBare, std::move(bare)));
   for (Case& what : cases) {
     what.job.scripts = scripts;
-    const std::vector<workshop::TrialJob> jobs(kRuns, what.job);
+    const std::vector<workshop::TrialJob> jobs(static_cast<std::size_t>(runs), what.job);
     std::vector<double> factors;
     for (const workshop::TrialResult& result : workshop::runTrials(jobs, 1)) {
-      if (!result.error.empty()) {
-        std::fprintf(stderr, "trial: %s\n", result.error.c_str());
-        return 1;
-      }
+      if (!result.error.empty()) throw std::runtime_error(result.error);
       factors.push_back(result.figures.simulatedSeconds / result.figures.cpuSeconds);
     }
-    std::sort(factors.begin(), factors.end());
-    std::printf("%-24s%8.0f%8.0f%8.0f\n", what.name, factors.front(), factors[kRuns / 2],
-                factors.back());
+    report.add(speedOf(what.name, std::move(factors)));
   }
+  for (const Case& what : cases) report.addRatio(what.name, kBare);
+  std::cout << "by processor time, of " << runs << " runs each\n" << report.asTable();
+  if (!file.empty()) report.save(file);
   return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    return run(argc, argv);
+  } catch (const std::exception& error) {
+    std::cerr << "trial: " << error.what() << '\n';
+    return 1;
+  }
 }

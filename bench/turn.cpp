@@ -1,10 +1,11 @@
 // How long is a player's turn, from the last byte of the server's message to the player's last
 // frame? Beside it, as a yardstick, a program that reads the same messages from the same kind of
-// socket and answers at once with frames of the same sizes, in the same run: the difference is what
-// the player itself takes. And how much memory does the player need at most, how many allocations a
-// turn?
+// socket and answers at once with frames of the same sizes; the two play by turns in the same run.
+// The difference is what the player itself takes. And how much memory does the player need at most,
+// how many allocations a turn?
 //
 //   turn [cycles, default 5000] [working directory with motion scripts, default an empty one]
+//        [--json FILE]
 
 #include <arpa/inet.h>
 #include <netinet/in.h>
@@ -22,14 +23,15 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <exception>
 #include <filesystem>
 #include <fstream>
 #include <functional>
-#include <iostream>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "bench/Report.h"
 #include "tests/support/FixedTime.h"
 #include "tests/support/OwnNetwork.h"
 #include "tests/support/PlayerSession.h"
@@ -44,17 +46,11 @@ constexpr int kWarmUp = 100;
 constexpr int kKickOff = 60;
 /// The camera works at a third of the rate of the other sensors.
 constexpr int kVisionEvery = 3;
+/// So many turns of the player, then as many of the yardstick.
+constexpr int kBlock = 60;
 
 /// The sizes of the frames that answer one message.
 using Answer = std::vector<std::size_t>;
-
-std::string processor() {
-  std::ifstream info("/proc/cpuinfo");
-  for (std::string line; std::getline(info, line);) {
-    if (line.starts_with("model name")) return line.substr(line.find(':') + 2);
-  }
-  return "unknown processor";
-}
 
 /// One player in sight with five parts of its body, as a server shows it from nearby.
 std::string playerInSight(const std::string& team, int number) {
@@ -116,29 +112,29 @@ std::vector<Answer> learnAnswers(const std::string& player, int cycles,
   return answers;
 }
 
-/// [us] the turns behind the warm-up, those with vision apart.
-struct Times {
-  std::vector<double> plain;
-  std::vector<double> vision;
+/// [us] or a number of something, for the turns behind the warm-up, those with vision apart.
+struct Values {
+  std::vector<double> plain{};
+  std::vector<double> vision{};
+
+  void add(int cycle, double value) {
+    if (cycle <= kWarmUp) return;
+    (cycle % kVisionEvery == 0 ? vision : plain).push_back(value);
+  }
 };
 
-/// BETWEEN is called before each turn and not timed.
-Times timeTurns(ServerLink& link, const std::vector<Answer>& answers,
-                const std::function<void()>& between) {
-  Times times;
-  for (int cycle = 1; cycle <= static_cast<int>(answers.size()); ++cycle) {
+/// The turns FIRST to LAST over one link. BETWEEN is called before each turn and not timed.
+void timeTurns(Values& times, ServerLink& link, const std::vector<Answer>& answers, int first,
+               int last, const std::function<void()>& between) {
+  for (int cycle = first; cycle <= last; ++cycle) {
     const std::string message = messageOf(cycle);
     const std::size_t frames = answers[static_cast<std::size_t>(cycle - 1)].size();
     between();
     const Clock::time_point start = Clock::now();
     link.SendFrame(message);
     for (std::size_t i = 0; i < frames; ++i) link.ReadFrame();
-    const std::chrono::duration<double, std::micro> took = Clock::now() - start;
-    if (cycle > kWarmUp) {
-      (cycle % kVisionEvery == 0 ? times.vision : times.plain).push_back(took.count());
-    }
+    times.add(cycle, std::chrono::duration<double, std::micro>(Clock::now() - start).count());
   }
-  return times;
 }
 
 /// Waits for and reads exactly SIZE bytes, as the player does.
@@ -183,26 +179,61 @@ bool readBytes(int link, char* to, std::size_t size) {
   _exit(0);
 }
 
-struct PlayerFigures {
-  Times times;
-  std::size_t memory = 0;  ///< [KiB] at its most
+/// The yardstick as a child process, and the server's side of its link.
+class Echo {
+ public:
+  Echo(const Listener& listener, const std::vector<Answer>& answers)
+      : process_(start(answers)), link(listener.Accept()) {}
+  ~Echo() {
+    link.Close();
+    waitpid(process_, nullptr, 0);
+  }
+  Echo(const Echo&) = delete;
+  Echo& operator=(const Echo&) = delete;
+
+ private:
+  static pid_t start(const std::vector<Answer>& answers) {
+    const std::string address = EnterOwnNetwork().address;
+    const pid_t process = fork();
+    if (process == 0) echo(address, answers);
+    return process;
+  }
+  pid_t process_;
+
+ public:
+  ServerLink link;
 };
 
-PlayerFigures timePlayer(const std::string& player, const std::vector<Answer>& answers,
-                         const std::filesystem::path& directory) {
+struct Times {
+  Values player{};
+  Values echo{};
+  std::size_t memory = 0;  ///< [KiB] of the player at its most
+};
+
+/// By turns, a block of cycles each.
+Times timeBoth(const std::string& player, const std::vector<Answer>& answers,
+               const std::filesystem::path& directory) {
   PlayerSession session = startPlayer(player, directory);
   session.link.ReadFrame();
-  Times times = timeTurns(session.link, answers, [&session] {
-    // The trace lines are read, or the player would wait over a full pipe.
-    session.player.Output();
-  });
-  return {std::move(times), session.player.PeakMemory()};
+  Echo yardstick(session.listener, answers);
+  Times times;
+  const int cycles = static_cast<int>(answers.size());
+  for (int first = 1; first <= cycles; first += kBlock) {
+    const int last = std::min(cycles, first + kBlock - 1);
+    timeTurns(times.player, session.link, answers, first, last, [&session] {
+      // The trace lines are read, or the player would wait over a full pipe.
+      session.player.Output();
+    });
+    timeTurns(times.echo, yardstick.link, answers, first, last, [] {});
+  }
+  times.memory = session.player.PeakMemory();
+  return times;
 }
 
 /// The number of allocations in each turn, counted from outside, by the library beside this
 /// program.
-Times countAllocations(const std::string& player, int cycles,
-                       const std::filesystem::path& directory) {
+Values countAllocations(const std::string& player, int cycles,
+                        const std::filesystem::path& directory) {
   const TempDir counts;
   const std::string file = counts.write("count", std::string(sizeof(std::uint64_t), '\0'));
   const auto sinceStart = [&file] {
@@ -217,80 +248,55 @@ Times countAllocations(const std::string& player, int cycles,
   unsetenv("ALLOCATION_COUNT");
   session.link.ReadFrame();
   session.AwaitWaiting();
-  Times allocations;
+  Values allocations;
   std::uint64_t before = sinceStart();
   for (int cycle = 1; cycle <= cycles; ++cycle) {
     session.Turn(messageOf(cycle));
     const std::uint64_t now = sinceStart();
-    if (cycle > kWarmUp) {
-      (cycle % kVisionEvery == 0 ? allocations.vision : allocations.plain)
-          .push_back(static_cast<double>(now - before));
-    }
+    allocations.add(cycle, static_cast<double>(now - before));
     before = now;
   }
   return allocations;
 }
 
-Times timeEcho(const std::vector<Answer>& answers) {
-  const std::string address = EnterOwnNetwork().address;
-  const Listener listener(address);
-  const pid_t child = fork();
-  if (child == 0) echo(address, answers);
-  ServerLink link = listener.Accept();
-  Times times = timeTurns(link, answers, [] {});
-  link.Close();
-  waitpid(child, nullptr, 0);
-  return times;
+void addComparison(bench::Report& report, const std::string& what, const Values& player,
+                   const Values& echo, std::vector<double> Values::*part, double wanted) {
+  report.add(bench::figureOf("player, " + what, "us", player.*part));
+  report.add(bench::figureOf("echo, " + what, "us", echo.*part));
+  report.addRatio("player, " + what, "echo, " + what, bench::atMost(wanted));
 }
 
-struct Row {
-  double p50 = 0;
-  double p99 = 0;
-  double max = 0;
-  std::size_t turns = 0;
-};
-
-Row rowOf(std::vector<double> values) {
-  if (values.empty()) return {};
-  std::sort(values.begin(), values.end());
-  const auto percentile = [&](std::size_t p) { return values[(values.size() - 1) * p / 100]; };
-  return {percentile(50), percentile(99), values.back(), values.size()};
-}
-
-void printRow(const char* name, const Row& row) {
-  std::printf("%-36s%10.1f%10.1f%10.1f%10zu\n", name, row.p50, row.p99, row.max, row.turns);
-}
-
-/// The player, the yardstick and how many times the one is the other.
-void printComparison(const std::string& what, const Row& player, const Row& echo) {
-  printRow(("player, " + what + " [us]").c_str(), player);
-  printRow(("echo, " + what + " [us]").c_str(), echo);
-  std::printf("%-36s%10.2f%10.2f%10.2f\n", "  player / echo", player.p50 / echo.p50,
-              player.p99 / echo.p99, player.max / echo.max);
-}
-
-}  // namespace
-
-int main(int argc, char** argv) {
-  const int cycles = std::max(kWarmUp + 1, argc > 1 ? std::atoi(argv[1]) : 5000);
+int run(int argc, char** argv) {
+  const std::string file = bench::takeJsonFile(argc, argv);
+  const int cycles = std::max(kWarmUp + kVisionEvery, argc > 1 ? std::atoi(argv[1]) : 5000);
   const TempDir empty;
   const std::filesystem::path directory =
       argc > 2 ? std::filesystem::absolute(argv[2]) : empty.path();
   const std::string player = PITCH_BIN_DIR "/pitchagent";
 
   const std::vector<Answer> answers = learnAnswers(player, cycles, directory);
-  const auto [turns, memory] = timePlayer(player, answers, directory);
-  const Times echoes = timeEcho(answers);
-  const Times allocations = countAllocations(player, std::min(cycles, 1000), directory);
+  const Times times = timeBoth(player, answers, directory);
+  const Values allocations = countAllocations(player, std::min(cycles, 1000), directory);
 
-  std::printf("%s; compiler %s; flags %s; commit %s; messages of %zu and %zu bytes\n",
-              processor().c_str(), __VERSION__, PITCH_BUILD_FLAGS, PITCH_COMMIT,
-              messageOf(kWarmUp + 1).size(), messageOf(kWarmUp + 2).size());
-  std::printf("%-36s%10s%10s%10s%10s\n", "", "p50", "p99", "max", "turns");
-  printComparison("sensors", rowOf(turns.plain), rowOf(echoes.plain));
-  printComparison("full sight", rowOf(turns.vision), rowOf(echoes.vision));
-  printRow("allocations, sensors", rowOf(allocations.plain));
-  printRow("allocations, full sight", rowOf(allocations.vision));
-  std::printf("player's memory at its most: %.1f MiB\n", static_cast<double>(memory) / 1024);
+  bench::Report report(argc > 2 ? "turn_scripts" : "turn");
+  addComparison(report, "without sight", times.player, times.echo, &Values::plain, 1.5);
+  addComparison(report, "with full sight", times.player, times.echo, &Values::vision, 3);
+  report.add(bench::figureOf("allocations, without sight", "a turn", allocations.plain));
+  report.add(bench::figureOf("allocations, with full sight", "a turn", allocations.vision));
+  report.add({"memory at its most", "MiB", static_cast<double>(times.memory) / 1024, {}, {}, {}});
+  std::printf("messages of %zu and %zu bytes\n%s", messageOf(kWarmUp + 1).size(),
+              messageOf(kWarmUp + 2).size(), report.asTable().c_str());
+  if (!file.empty()) report.save(file);
   return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    return run(argc, argv);
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "turn: %s\n", error.what());
+    return 1;
+  }
 }

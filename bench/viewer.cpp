@@ -19,6 +19,7 @@
 #include <thread>
 #include <vector>
 
+#include "bench/Report.h"
 #include "bench/StubPlayers.h"
 #include "tests/viewer/StagedMatch.h"
 #include "tests/viewer/WatchClient.h"

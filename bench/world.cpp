@@ -8,7 +8,6 @@
 #include <chrono>
 #include <cstdlib>
 #include <ctime>
-#include <fstream>
 #include <iomanip>
 #include <iostream>
 #include <random>
@@ -16,6 +15,7 @@
 #include <vector>
 
 #include "arena/world/World.h"
+#include "bench/Report.h"
 
 namespace {
 
@@ -26,14 +26,6 @@ struct Case {
   int robots;
   bool flailing;
 };
-
-std::string processor() {
-  std::ifstream info("/proc/cpuinfo");
-  for (std::string line; std::getline(info, line);) {
-    if (line.starts_with("model name")) return line.substr(line.find(':') + 2);
-  }
-  return "unknown processor";
-}
 
 void flail(arena::World& world, int robots, std::mt19937& random) {
   std::uniform_real_distribution<double> speed(-7, 7);
@@ -76,8 +68,8 @@ Result measure(const Case& what, int cycles) {
 int main(int argc, char** argv) {
   const double seconds = argc > 1 ? std::atof(argv[1]) : 20;
   const int cycles = std::max(1, static_cast<int>(seconds / arena::kCycleSeconds));
-  std::cout << processor() << "; compiler " << __VERSION__ << "; step "
-            << arena::WorldSettings{}.stepSeconds * 1000 << " ms; " << cycles << " cycles each\n"
+  std::cout << bench::machineLine() << "; step " << arena::WorldSettings{}.stepSeconds * 1000
+            << " ms; " << cycles << " cycles each\n"
             << std::left << std::setw(22) << "" << std::right << std::setw(10) << "p50 ms"
             << std::setw(10) << "p99 ms" << std::setw(10) << "max ms" << std::setw(22)
             << "times real time" << '\n';

@@ -24,34 +24,46 @@ function(pitch_program name)
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 endfunction()
 
+add_custom_target(tests_with_threads)
+
 # pitch_test(name LABEL unit|process|match|browser|slow SOURCES ... LINK ... [TIMEOUT seconds]
-#            [PROCESSORS n])
+#            [PROCESSORS n] [THREADS])
 # A GoogleTest program; ctest runs each of its tests in a process of its own, so the player's
-# singletons never leak from one test into the next.
+# singletons never leak from one test into the next. THREADS: there are several, in the test or in
+# what it runs; it has that label too, and the target tests_with_threads builds it.
 function(pitch_test name)
-  cmake_parse_arguments(ARG "" "LABEL;TIMEOUT;PROCESSORS" "SOURCES;LINK" ${ARGN})
+  cmake_parse_arguments(ARG "THREADS" "LABEL;TIMEOUT;PROCESSORS" "SOURCES;LINK" ${ARGN})
   if(NOT ARG_TIMEOUT)
     set(ARG_TIMEOUT 60)
   endif()
   if(NOT ARG_PROCESSORS)
     set(ARG_PROCESSORS 1)
   endif()
+  set(labels ${ARG_LABEL})
+  if(ARG_THREADS)
+    set(labels "${ARG_LABEL}\\;threads")
+    add_dependencies(tests_with_threads ${name})
+  endif()
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE pitch_options ${ARG_LINK} GTest::gmock GTest::gtest_main)
   target_compile_definitions(${name} PRIVATE
     PITCH_SOURCE_DIR="${CMAKE_SOURCE_DIR}" PITCH_BIN_DIR="${CMAKE_BINARY_DIR}/bin")
   gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60
-    PROPERTIES LABELS ${ARG_LABEL} TIMEOUT ${ARG_TIMEOUT} PROCESSORS ${ARG_PROCESSORS})
+    PROPERTIES LABELS "${labels}" TIMEOUT ${ARG_TIMEOUT} PROCESSORS ${ARG_PROCESSORS})
 endfunction()
 
-# pitch_command_test(FILE LABEL label TIMEOUT seconds [GROUP name] [OWN_NETWORK])
+# pitch_command_test(FILE LABEL label TIMEOUT seconds [GROUP name] [OWN_NETWORK] [THREADS])
 # FILE_test.sh holds tests, bash functions with a capital at the front. Each runs as a ctest of its own
 # called GROUP.FILE.FUNCTION (GROUP: Commands), with the programs of this build; with OWN_NETWORK in a
-# network of its own.
+# network of its own. THREADS: the programs that it runs have several.
 function(pitch_command_test file)
-  cmake_parse_arguments(ARG "OWN_NETWORK" "LABEL;TIMEOUT;GROUP" "" ${ARGN})
+  cmake_parse_arguments(ARG "OWN_NETWORK;THREADS" "LABEL;TIMEOUT;GROUP" "" ${ARGN})
   if(NOT ARG_GROUP)
     set(ARG_GROUP Commands)
+  endif()
+  set(labels ${ARG_LABEL})
+  if(ARG_THREADS)
+    list(APPEND labels threads)
   endif()
   set(script ${CMAKE_CURRENT_SOURCE_DIR}/${file}_test.sh)
   set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${script})
@@ -65,7 +77,7 @@ function(pitch_command_test file)
     set(name ${ARG_GROUP}.${file}.${test})
     add_test(NAME ${name} COMMAND ${runner} ${script} ${test})
     set_tests_properties(${name} PROPERTIES
-      LABELS ${ARG_LABEL} TIMEOUT ${ARG_TIMEOUT}
+      LABELS "${labels}" TIMEOUT ${ARG_TIMEOUT}
       ENVIRONMENT PITCH_TEST_BUILD=${CMAKE_BINARY_DIR})
   endforeach()
 endfunction()

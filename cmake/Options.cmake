@@ -11,7 +11,9 @@ endif()
 option(BUILD_TESTING "Build the tests" ON)
 option(PITCH_WERROR "Warnings are errors (./check sets this)" OFF)
 option(PITCH_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
+option(PITCH_SANITIZE_THREADS "Build with ThreadSanitizer" OFF)
 option(PITCH_COVERAGE "Build with gcov counters" OFF)
+option(PITCH_FUZZ "Build the fuzz targets with libFuzzer and sanitizers (needs clang)" OFF)
 
 include(CTest)
 
@@ -32,6 +34,20 @@ if(PITCH_SANITIZE)
   target_compile_options(pitch_options INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(pitch_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(PITCH_FUZZ)
+  # Besides what `undefined` holds: a number that doesn't fit its new type is undefined too.
+  set(PITCH_FUZZ_SANITIZERS address,undefined,float-cast-overflow)
+  target_compile_options(pitch_options INTERFACE
+    -fsanitize=fuzzer-no-link,${PITCH_FUZZ_SANITIZERS} -fno-sanitize-recover=all
+    -fno-omit-frame-pointer)
+  target_link_options(pitch_options INTERFACE -fsanitize=${PITCH_FUZZ_SANITIZERS})
+endif()
+if(PITCH_SANITIZE_THREADS)
+  target_compile_options(pitch_options INTERFACE -fsanitize=thread -fno-omit-frame-pointer)
+  # It can't follow memory fences. Those of Asio stand round handlers that its locks order as well.
+  target_compile_definitions(pitch_options INTERFACE BOOST_ASIO_DISABLE_FENCED_BLOCK)
+  target_link_options(pitch_options INTERFACE -fsanitize=thread)
 endif()
 if(PITCH_COVERAGE)
   target_compile_options(pitch_options INTERFACE --coverage)

@@ -2,7 +2,6 @@
 
 #include <cerrno>
 #include <cstring>
-#include <nlohmann/json.hpp>
 #include <stdexcept>
 
 #include "arena/main/Options.h"
@@ -19,7 +18,7 @@ std::ofstream openedFor(const std::string& option, const std::string& name) {
 
 void writeSummary(std::ofstream& file, const Summary& summary) {
   if (!file.is_open()) return;
-  file << jsonOf(summary).dump(2) << '\n' << std::flush;
+  file << jsonTextOf(summary) << std::flush;
   if (!file) throw std::runtime_error("the summary file can't be written");
 }
 

@@ -86,4 +86,9 @@ nlohmann::json jsonOf(const Summary& summary) {
   return json;
 }
 
+std::string jsonTextOf(const Summary& summary) {
+  constexpr int kIndent = 2;
+  return jsonOf(summary).dump(kIndent, ' ', false, nlohmann::json::error_handler_t::replace) + '\n';
+}
+
 }  // namespace arena

@@ -31,11 +31,11 @@ struct PlayerSummary {
   double possessionSeconds = 0;  ///< [s] that it was the last to have touched the ball in play
   double metresWalked = 0;       ///< [m] see Walk.h
   int beams = 0;                 ///< obeyed
-  int ignoredBeams = 0;          ///< at the wrong time, off the field or onto another robot
+  long ignoredBeams = 0;         ///< at the wrong time, off the field or onto another robot
   int falls = 0;
   int getUps = 0;
   int lateAnswers = 0;  ///< cycles that began with the last message unanswered
-  int malformed = 0;    ///< effectors skipped
+  long malformed = 0;   ///< effectors skipped
 };
 
 /// One side. Goals, shots and possession are the side's own, the rest are sums over
@@ -48,11 +48,11 @@ struct TeamSummary {
   double possessionPercent = 0;  ///< of the time that it was anybody's; 0 when it never was
   double metresWalked = 0;       ///< [m]
   int beams = 0;
-  int ignoredBeams = 0;
+  long ignoredBeams = 0;
   int falls = 0;
   int getUps = 0;
   int lateAnswers = 0;
-  int malformed = 0;
+  long malformed = 0;
 };
 
 struct Summary {
@@ -64,8 +64,8 @@ struct Summary {
   std::array<TeamSummary, 2> teams{};    ///< order of Side
   std::vector<PlayerSummary> players{};  ///< by side and number, then in order of connection
   int droppedBalls = 0;                  ///< because nobody touched the ball
-  int sessionsWithoutBody = 0;           ///< ended before they had one, or refused as they got it
-  int clockSlips = 0;  ///< times that real time was lost because a cycle came far too late
+  long sessionsWithoutBody = 0;          ///< ended before they had one, or refused as they got it
+  long clockSlips = 0;  ///< times that real time was lost because a cycle came far too late
 };
 
 /// [m] from where a player was beamed to where it was last; empty if it never was beamed.
@@ -74,5 +74,7 @@ std::optional<double> metresOffBeam(const PlayerSummary& player);
 /// A table of at most one screen, ending in a line feed.
 std::string textOf(const Summary& summary);
 nlohmann::json jsonOf(const Summary& summary);
+/// The same as text. A record may hold names in any bytes: what is no UTF-8 is replaced.
+std::string jsonTextOf(const Summary& summary);
 
 }  // namespace arena

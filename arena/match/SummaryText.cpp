@@ -24,7 +24,7 @@ std::string format(const char* pattern, Args... args) {
 /// them a row takes 100 columns.
 template <typename Row>
 std::string row(const std::string& name, const std::string& ball, const Row& figures) {
-  return format("%-10s %5d %5d %8s %6.1f m %4d %3d %5d %9d %9d", name.c_str(), figures.goals,
+  return format("%-10s %5d %5d %8s %6.1f m %4d %3d %5d %9ld %9ld", name.c_str(), figures.goals,
                 figures.shots, ball.c_str(), figures.metresWalked, figures.falls, figures.getUps,
                 figures.lateAnswers, figures.malformed, figures.ignoredBeams);
 }
@@ -50,9 +50,10 @@ std::string textOf(const Summary& summary) {
       format("summary: %.2f s simulated, game clock %.2f s, %s, %s\n", summary.seconds,
              summary.clock, std::string(nameOf(summary.mode)).c_str(),
              summary.finished ? "played to the end" : "stopped early");
-  text += format("score: %d:%d (left %s, right %s)\n", left.goals, right.goals,
-                 left.name.empty() ? "nobody" : left.name.c_str(),
-                 right.name.empty() ? "nobody" : right.name.c_str());
+  text += format("score: %d:%d (left ", left.goals, right.goals);
+  // Put together by hand: the names alone may be longer than a row.
+  text += (left.name.empty() ? "nobody" : left.name) + ", right " +
+          (right.name.empty() ? "nobody" : right.name) + ")\n";
   text += format("%-10s %5s %5s %8s %8s %4s %3s %5s %9s %9s %8s  %s\n", "player", "goals", "shots",
                  "ball", "walked", "fell", "up", "late", "malformed", "bad beams", "off beam",
                  "at the end");
@@ -69,10 +70,10 @@ std::string textOf(const Summary& summary) {
     text += format("the ball was dropped %d times: nobody touched it\n", summary.droppedBalls);
   }
   if (summary.sessionsWithoutBody > 0) {
-    text += format("%d sessions ended without a body\n", summary.sessionsWithoutBody);
+    text += format("%ld sessions ended without a body\n", summary.sessionsWithoutBody);
   }
   if (summary.clockSlips > 0) {
-    text += format("this machine was too slow %d times: real time was lost\n", summary.clockSlips);
+    text += format("this machine was too slow %ld times: real time was lost\n", summary.clockSlips);
   }
   return text;
 }

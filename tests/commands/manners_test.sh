@@ -2,8 +2,8 @@
 # How every command answers a caller who asks for help or errs.
 . "$(dirname "${BASH_SOURCE[0]}")/support.sh"
 
-commands=(setup play team check .ci/run tools/check-includes tools/package tools/try-package
-  tools/fresh-machine)
+commands=(setup play team check .ci/run tools/check-includes tools/check-threads tools/check-memory
+  tools/check-match tools/coverage tools/package tools/try-package tools/fresh-machine soak/run)
 
 HelpExplainsAndEndsWell() {
   for command in "${commands[@]}"; do

@@ -148,6 +148,18 @@ TeamStopsAgainstASilentServer() {
   nothing_runs || flunk "left behind: $(marked_processes)"
 }
 
+# The players themselves would wait for it without end.
+TeamWhoseServerIsKilledSaysSoAndEnds() {
+  start_arena --wait-seconds 2
+  launch "$root/team" --host="$host" --logs "$temp/logs"
+  wait_until 60 has_all_six "$temp/logs/arena" beamed
+  kill -KILL "$arena"
+  reap
+  expect_status 1
+  expect_one_error "team: the server at $host has gone"
+  nothing_runs || flunk "left behind: $(marked_processes)"
+}
+
 TeamWithoutAServerSaysHowItEnded() {
   run "$root/team" --host="$host" --logs "$temp/logs"
   expect_status 1

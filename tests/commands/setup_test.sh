@@ -112,10 +112,4 @@ FailedInstallationShowsWhatAptSaid() {
   expect_text err '^setup: apt-get could not install: g\+\+ '
 }
 
-EveryPackageStandsInTheReadme() {
-  while read -r package; do
-    grep -qF -e "\`$package\`" "$root/README.md" || flunk "README.md does not tell of $package"
-  done < <(awk '$1 !~ /^#/ && NF { print $1 }' "$root/cmake/packages.txt")
-}
-
 "$1"

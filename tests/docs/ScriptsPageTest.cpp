@@ -120,6 +120,25 @@ TEST(ScriptsPage, WordsMoveTheJointsTold) {
   EXPECT_EQ(joints, 14U + 20U);
 }
 
+TEST(ScriptsPage, DurationsLoseTheCyclesTold) {
+  EXPECT_THAT(page().text(),
+              testing::HasSubstr("0.5 s are 24 cycles; 0.02, 0.04, 0.08, 0.1 and 0.2 "
+                                 "s lose none"));
+  const ScriptFolder folder;
+  const Player player(folder.path(), 1);
+  const auto cyclesOf = [&](const char* seconds) {
+    folder.write("kickL1.txt", std::string("LKP 0.5 MOVE ") + seconds);
+    player.agent().loadMoveFromFile("kickL1.txt");
+    return player.agent().moveCyclesLeft;
+  };
+  EXPECT_EQ(cyclesOf("0.5"), 24);
+  EXPECT_EQ(cyclesOf("0.02"), 1);
+  EXPECT_EQ(cyclesOf("0.04"), 2);
+  EXPECT_EQ(cyclesOf("0.08"), 4);
+  EXPECT_EQ(cyclesOf("0.1"), 5);
+  EXPECT_EQ(cyclesOf("0.2"), 10);
+}
+
 TEST(ScriptsPage, EveryScriptThatThePlayerKnowsIsTold) {
   std::set<std::string> actions;
   for (const docs::Row& row : page().table("Action scripts")) {

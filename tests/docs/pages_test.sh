@@ -52,7 +52,7 @@ named_files() {
   awk '/^```/ { code = !code } !code' "$1" | quoted |
     grep -E '^[A-Za-z0-9_.][A-Za-z0-9_./*-]*$' |
     grep -E '/|\.(md|txt|cpp|h|sh|js|json|svg|png|cmake|supp|awk)$' |
-    grep -vE '^(build|logs)/|^/|[0-9]/[0-9]'
+    grep -vE '^(build|logs)/|^/|[0-9]/[0-9]|NAME'
 }
 
 # exists NAME PAGE: from the top, from the page's folder, among the scripts, or, for a name without a
@@ -119,7 +119,7 @@ ArchitectureNamesEachLibrarysFolder() {
     folder=$(tr -d ' `' <<<"$folder")
     grep -qE "pitch_library\($library( |\$)" "$folder/CMakeLists.txt" ||
       flunk "$library is not built in $folder"
-  done < <(grep -E '^\| `(player|arena|workshop)_' docs/architecture.md)
+  done < <(grep -E '^\| `[a-z]+_' docs/architecture.md)
 }
 
 # "package group" for each row of README's table of packages.

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Runs the commands that the README shows, as it shows them: in a folder that looks like the project's
-# and whose builds are the one under test. way_of says how each is run; a command that has no line
-# there fails the test, so README and commands can't drift apart.
+# Runs the commands that the README and other pages show, as they show them: in a folder that looks like
+# the project's and whose builds are the one under test. way_of says how each is run; a command that
+# has no line there fails the test, so pages and commands can't drift apart.
 . "$(dirname "${BASH_SOURCE[0]}")/../commands/support.sh"
 export PITCH_BUILD=${PITCH_TEST_BUILD:?the build to test}
 [[ $PITCH_BUILD == /* ]] || PITCH_BUILD=$PWD/$PITCH_BUILD
@@ -20,9 +20,11 @@ way_of() {
     ./play | './play --versus' | './play --record match.rec') echo "run $short" ;;
     './play --half-seconds 60 --speed 0') echo "run $short" ;;
     './team --host=127.0.0.1') echo team ;;
-    ./check | './check --quick' | ./setup) echo help ;;
+    ./check | './check --quick' | ./setup | './setup --for release') echo help ;;
+    'fuzz/run '* | soak/run | bench/run | tools/coverage | tools/check-*) echo help ;;
     'build/play/bin/pitcharena replay match.rec --view') echo 'serve http://' ;;
     'build/play/bin/pitcharena '*) echo run ;;
+    'build/release/bin/pitchmotion judge --scripts scripts --only sideL') echo 'run --worlds 1' ;;
     'build/release/bin/pitchmotion judge --quick') echo 'run --only turnL15 --only kickR' ;;
     'build/release/bin/pitchmotion tune kick --generations 20')
       echo 'run --generations 1 --population 5 --worlds 0' ;;
@@ -115,10 +117,9 @@ presets_shown() {
   done < <(words_behind --target)
 }
 
-# run_commands PATTERN: those of the README's that fit it.
+# run_commands PATTERN [PAGE]: those of the page's, the README's, that fit it.
 run_commands() {
-  local way rest count=0
-  make_place
+  local way rest count=0 page=${2:-README.md}
   while read -r command; do
     [[ $command =~ $1 ]] || continue
     read -r way rest <<<"$(way_of "$command")"
@@ -132,16 +133,18 @@ run_commands() {
       *) flunk "nobody knows how to run '$command'" ;;
     esac
     count=$((count + 1))
-  done < <(commands_of "$root/README.md")
+  done < <(commands_of "$root/$page")
   nothing_runs || flunk "left behind: $(marked_processes)"
-  ((count > 0)) || flunk "README.md shows no such command"
+  ((count > 0)) || flunk "$page shows no such command"
 }
 
 EveryCommandHasAWay() {
-  local command
-  while read -r command; do
-    [[ $(way_of "$command") != unknown ]] || flunk "no way to run '$command' is told in way_of"
-  done < <(commands_of "$root/README.md")
+  local page command
+  for page in README.md docs/*.md; do
+    while read -r command; do
+      [[ $(way_of "$command") != unknown ]] || flunk "no way to run '$command' is told in way_of"
+    done < <(commands_of "$page")
+  done
 }
 
 MatchesArePlayedRecordedAndShownAgain() {
@@ -158,16 +161,43 @@ MotionsAreCheckedPlayedJudgedAndTuned() {
   [[ -s $place/kick.svg ]] || flunk "no plot of the kick"
 }
 
+# The worked examples of the page are put where its commands look for them.
+WorkedScriptsAreCheckedAndPlayed() {
+  mkdir mine
+  awk '/^```script / { file = "mine/" $2; next } /^```/ { file = "" } file != "" { print > file }' \
+    docs/scripts.md
+  run_commands . docs/scripts.md
+  run build/release/bin/pitchmotion check mine/*.txt
+  expect_status 0
+  expect_empty out
+  run build/release/bin/pitchmotion play sideL --scripts mine
+  expect_text out '^end +stands$'
+}
+
+# Each `ctest ... -R PATTERN` or `-L LABEL` of the recipes.
+RecipesNameTestsThatExist() {
+  local words count=0
+  while read -r words; do
+    run bash -c "ctest --test-dir '$PITCH_BUILD' -N ${words#ctest --preset release}"
+    grep -q '^Total Tests: [1-9]' "$temp/out" || flunk "no test fits '$words'"
+    count=$((count + 1))
+  done < <(grep -oE 'ctest --preset release [^`]*' docs/contributing.md | sort -u |
+    grep -v LengthAboveTheLimit$)
+  ((count > 5)) || flunk "only $count calls of ctest found"
+}
+
 OtherCommandsExist() {
-  run_commands '^(\./(check|setup)|cmake|ctest|tools/|sudo|pitch-play|man )'
+  run_commands '^(\./(check|setup)|cmake|ctest|(tools|fuzz|soak|bench)/|sudo|pitch-play|man )'
 }
 
 EveryCommandIsRunByOneOfTheseTests() {
   local patterns command
-  patterns=$(grep -oE "^  run_commands .*" "${BASH_SOURCE[0]}" | sed "s/^  run_commands //; s/'//g")
+  patterns=$(grep -oE "^  run_commands '.*|^  run_commands [a-z]*$" "$root/tests/docs/readme_test.sh" |
+    sed "s/^  run_commands //; s/'//g")
   while read -r command; do
     grep -qE -f <(printf '%s\n' "$patterns") <<<"$command" || flunk "no test runs '$command'"
   done < <(commands_of "$root/README.md")
 }
 
+make_place
 "$1"

@@ -65,6 +65,23 @@ restart_ended_players() {
   done
 }
 
+# count_links: how many of the players have a link that is up at both ends, to the server's port. Sets
+# `links`. A player whose server has gone does not end by itself, so it has to be seen from outside.
+count_links() {
+  local -A of_players=()
+  local socket remote state
+  while read -r socket; do
+    of_players[${socket//[!0-9]/}]=yes
+  done < <(find "${player_pid[@]/#//proc/}" -mindepth 2 -maxdepth 2 -path '*/fd/*' \
+    -lname 'socket:*' -printf '%l\n' 2>/dev/null)
+  links=0
+  while read -r _ _ remote state _ _ _ _ _ socket _; do
+    if [[ $remote == *:0C1C && $state == 01 && -n ${of_players[$socket]:-} ]]; then
+      links=$((links + 1))
+    fi
+  done </proc/net/tcp
+}
+
 # describe_status STATUS: sets `described` to "status 1", or "status 134 (SIGABRT)" for a death by
 # signal.
 describe_status() {

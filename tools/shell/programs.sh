@@ -15,15 +15,17 @@ that build as they are; nothing is built.
 END
 }
 
-# Sets `bin` to the folder that holds pitchagent and pitcharena. With PITCH_BUILD set that build is
-# taken as it stands; otherwise build/play is made up to date first. It has neither tests nor
-# benchmarks, so that playing needs nothing but what playing needs.
+# Sets `bin` to the folder that holds pitchagent, pitcharena and `more_programs`. With PITCH_BUILD set
+# that build is taken as it stands; otherwise build/play is made up to date first. It has neither tests
+# nor benchmarks, so that playing needs nothing but what playing needs.
+more_programs=()
 provide_programs() {
+  local programs=(pitchagent pitcharena "${more_programs[@]}")
   if [[ -n ${PITCH_BUILD:-} ]]; then
     bin=$PITCH_BUILD/bin
     [[ $bin == /* ]] || bin=$PWD/$bin
     local program
-    for program in pitchagent pitcharena; do
+    for program in "${programs[@]}"; do
       [[ -x $bin/$program ]] || fail "PITCH_BUILD: there is no program $bin/$program"
     done
     return
@@ -36,7 +38,7 @@ provide_programs() {
     (cd "$root" && cmake --preset release -B "$build" -DBUILD_TESTING=OFF) \
       >"$build/configure.log" 2>&1 || { cat "$build/configure.log" >&2; fail "configuring failed"; }
   fi
-  cmake --build "$build" --target pitchagent pitcharena 2>&1 | tee "$build/build.log" | show_progress
+  cmake --build "$build" --target "${programs[@]}" 2>&1 | tee "$build/build.log" | show_progress
   if ((PIPESTATUS[0] != 0)); then
     grep -v '^\[[0-9]*/[0-9]*\]' "$build/build.log" >&2
     fail "the build failed"

@@ -98,6 +98,21 @@ TEST(Statistics, TheMatchIsAsItsLastRecordSays) {
   EXPECT_EQ(summary.teams[1].goals, 3);
 }
 
+// As many as a record may say of one cycle, for as long as it takes: 2^31 is passed.
+TEST(Statistics, CountsOfAForgedRecordDontOverflow) {
+  Story story;
+  story.join(1, kLeft3);
+  for (int i = 0; i < 2200; ++i) {
+    story.now().clockSlips = 1'000'000;
+    story.player(1).malformed = story.player(1).ignoredBeams = 1'000'000;
+    story.next();
+  }
+  const Summary summary = story.summary();
+  EXPECT_EQ(summary.clockSlips, 2'200'000'000);
+  EXPECT_EQ(summary.teams[0].malformed, 2'200'000'000);
+  EXPECT_EQ(summary.teams[0].ignoredBeams, 2'200'000'000);
+}
+
 TEST(Statistics, NotesAreCountedPerPlayerAndPerTeam) {
   Story story;
   story.now().teamNames = {"Foo", "Bar"};

@@ -56,6 +56,33 @@ Summary aMatch() {
   return summary;
 }
 
+// A record may hold any bytes as a name.
+TEST(Summary, NameThatIsNoUtf8IsReplacedInJson) {
+  Summary summary = aMatch();
+  summary.teams[0].name =
+      "F\xff"
+      "o";
+  const std::string text = jsonTextOf(summary);
+  EXPECT_EQ(nlohmann::json::parse(text)["teams"][0]["name"],
+            "F\xEF\xBF\xBD"
+            "o");
+  EXPECT_TRUE(text.ends_with("}\n"));
+}
+
+TEST(Summary, LongNamesBreakNoLine) {
+  Summary summary = aMatch();
+  summary.teams[0].name = std::string(240, 'a');
+  summary.teams[1].name = std::string(240, 'b');
+  std::istringstream lines(textOf(summary));
+  std::string line;
+  std::getline(lines, line);
+  std::getline(lines, line);
+  EXPECT_EQ(line,
+            "score: 2:0 (left " + summary.teams[0].name + ", right " + summary.teams[1].name + ")");
+  std::getline(lines, line);
+  EXPECT_TRUE(line.starts_with("player ")) << line;
+}
+
 TEST(Event, LineHasTheTimeInFront) {
   EXPECT_EQ(lineOf({12.34, "left 3 connected"}), "12.34 s  left 3 connected");
   EXPECT_EQ(lineOf({0, "x"}), "0.00 s  x");
@@ -109,7 +136,7 @@ TEST(Summary, TextIsNoWiderThanAHundredColumns) {
   team.goals = team.shots = 99;
   team.metresWalked = 9999.9;
   team.falls = team.getUps = 999;
-  team.lateAnswers = team.malformed = team.ignoredBeams = 99'999;
+  team.malformed = team.ignoredBeams = team.lateAnswers = 99'999;
   summary.teams[1] = team;
   PlayerSummary& player = summary.players[0];
   player.name = "right 6";
@@ -117,7 +144,7 @@ TEST(Summary, TextIsNoWiderThanAHundredColumns) {
   player.possessionSeconds = 7199.9;
   player.metresWalked = 9999.9;
   player.falls = player.getUps = 999;
-  player.lateAnswers = player.malformed = player.ignoredBeams = 99'999;
+  player.malformed = player.ignoredBeams = player.lateAnswers = 99'999;
   player.lastPlace.x = -10;
   player.lastBeam->x = 10;
   summary.sessionsWithoutBody = summary.clockSlips = summary.droppedBalls = 99'999;
