@@ -78,6 +78,10 @@ bool Findings::allHeld() const {
                      [](const Requirement& one) { return one.held; });
 }
 
+double allowedGrowthKb(const ProcessMemory& memory) {
+  return std::max(kMostGrowthKb, kMostGrowthPart * memory.ownAtLastKb);
+}
+
 Findings findingsIn(const std::string& folder) {
   Findings findings;
   findings.facts = factsOf(folder + "/facts");
@@ -115,16 +119,18 @@ void judge(Findings& findings) {
        std::to_string(findings.longMatch.deaths) + " ended, " + std::to_string(whole.left) +
            " left, " + std::to_string(whole.atEnd) + " there at the end",
        findings.longMatch.deaths == 0 && whole.left == 0 && whole.atEnd == kPlayers);
-  const auto worst =
-      std::max_element(findings.memory.begin(), findings.memory.end(),
-                       [](const auto& a, const auto& b) { return a.ownGrowthKb < b.ownGrowthKb; });
+  const auto worst = std::max_element(
+      findings.memory.begin(), findings.memory.end(), [](const auto& a, const auto& b) {
+        return a.ownGrowthKb / allowedGrowthKb(a) < b.ownGrowthKb / allowedGrowthKb(b);
+      });
   // The players, the training ground and ./play.
-  must("no process keeps growing by more than " + fixed(kMostGrowthKb, 0) + " kB per 10,000 cycles",
+  must("no process grows by more per 10,000 cycles than " + fixed(kMostGrowthKb, 0) + " kB or " +
+           fixed(100 * kMostGrowthPart, 2) + " % of what it has",
        worst == findings.memory.end()
            ? "no samples"
            : std::to_string(findings.memory.size()) + " processes, most: " + worst->process + ", " +
                  fixed(worst->ownGrowthKb, 2) + " kB",
-       findings.memory.size() == kPlayers + 2 && worst->ownGrowthKb <= kMostGrowthKb);
+       findings.memory.size() == kPlayers + 2 && worst->ownGrowthKb <= allowedGrowthKb(*worst));
 
   const RecordAccount& killed = findings.kills.record;
   const std::string kills = findings.fact("kills.done");

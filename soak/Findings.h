@@ -19,6 +19,9 @@ namespace soak {
 /// [kB per 10,000 cycles] Ten bytes a cycle: less than the smallest block that a process can lose
 /// in every cycle.
 inline constexpr double kMostGrowthKb = 100;
+/// The same as a part of what a process has. The training ground keeps what it frees and has twice
+/// as much heap as it uses (KeptMemory.h), so that it touches new pages of it now and then.
+inline constexpr double kMostGrowthPart = 0.0025;
 inline constexpr std::size_t kPlayers = 12;
 
 /// Something that must hold, with what was found.
@@ -51,6 +54,9 @@ struct Findings {
   [[nodiscard]] std::string fact(const std::string& key) const;
   [[nodiscard]] bool allHeld() const;
 };
+
+/// [kB per 10,000 cycles] What a process may grow by.
+double allowedGrowthKb(const ProcessMemory& memory);
 
 /// Throws std::runtime_error that names the file which is missing or can't be read.
 Findings findingsIn(const std::string& folder);

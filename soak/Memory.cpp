@@ -1,5 +1,7 @@
 #include "soak/Memory.h"
 
+#include <algorithm>
+#include <iterator>
 #include <map>
 #include <utility>
 
@@ -7,6 +9,13 @@ namespace soak {
 namespace {
 
 constexpr double kCyclesOfGrowth = 10'000;
+
+std::vector<Level> behind(double cycle, const std::vector<Level>& levels) {
+  std::vector<Level> rest;
+  std::copy_if(levels.begin(), levels.end(), std::back_inserter(rest),
+               [cycle](const Level& level) { return level.cycle >= cycle; });
+  return rest;
+}
 
 double growth(const std::vector<Level>& levels, double Level::*quantity) {
   std::vector<std::pair<double, double>> points;
@@ -44,15 +53,13 @@ std::vector<ProcessMemory> memoryOf(const std::vector<Sample>& samples, const Pr
   std::vector<ProcessMemory> all;
   for (auto& [name, memory] : byName) {
     memory.process = name;
-    std::vector<Level> settled;
-    for (const Level& level : memory.levels) {
-      if (level.cycle >= kSettlingPart * progress.last()) settled.push_back(level);
-    }
+    const std::vector<Level> settled = behind(kSettlingPart * progress.last(), memory.levels);
     if (!settled.empty()) {
       memory.ownAtFirstKb = settled.front().ownKb;
       memory.ownAtLastKb = settled.back().ownKb;
       memory.ownGrowthKb = growth(settled, &Level::ownKb);
       memory.residentGrowthKb = growth(settled, &Level::residentKb);
+      memory.lastGrowthKb = growth(behind(kLastPart * progress.last(), settled), &Level::ownKb);
     }
     all.push_back(std::move(memory));
   }

@@ -13,6 +13,9 @@ namespace soak {
 /// What a process takes at first isn't growth: the line is laid through what comes behind this part
 /// of the match.
 inline constexpr double kSettlingPart = 0.1;
+/// A second line is laid through what comes behind this part: who loses memory in every cycle does
+/// so to the end, who touches more of its heap now and then does not.
+inline constexpr double kLastPart = 0.75;
 
 /// One sample on the match's own time.
 struct Level {
@@ -30,6 +33,7 @@ struct ProcessMemory {
   double ownAtLastKb = 0;
   double ownGrowthKb = 0;       ///< per 10,000 cycles
   double residentGrowthKb = 0;  ///< per 10,000 cycles
+  double lastGrowthKb = 0;      ///< of its own, per 10,000 cycles, in the last part alone
 };
 
 /// Rise of the straight line through POINTS (x, y) that is nearest by least squares; 0 when there

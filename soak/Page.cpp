@@ -30,13 +30,14 @@ std::string requirementTable(const Findings& findings) {
 
 std::string memoryTable(const Findings& findings) {
   std::string text =
-      "| process | own memory after a tenth | at the end | growth per 10,000 cycles | resident: "
-      "growth |\n"
-      "|---|---|---|---|---|\n";
+      "| process | own memory after a tenth | at the end | growth per 10,000 cycles | in the last "
+      "quarter | resident: growth |\n"
+      "|---|---|---|---|---|---|\n";
   for (const ProcessMemory& one : findings.memory) {
     text += "| " + one.process + " | " + grouped(std::lround(one.ownAtFirstKb)) + " kB | " +
             grouped(std::lround(one.ownAtLastKb)) + " kB | " + fixed(one.ownGrowthKb, 2) +
-            " kB | " + fixed(one.residentGrowthKb, 2) + " kB |\n";
+            " kB | " + fixed(one.lastGrowthKb, 2) + " kB | " + fixed(one.residentGrowthKb, 2) +
+            " kB |\n";
   }
   return text;
 }
@@ -116,6 +117,7 @@ nlohmann::json jsonOf(const Findings& findings) {
                       {"own_at_tenth_kb", one.ownAtFirstKb},
                       {"own_at_end_kb", one.ownAtLastKb},
                       {"own_growth_kb_per_10000_cycles", one.ownGrowthKb},
+                      {"own_growth_in_last_quarter_kb_per_10000_cycles", one.lastGrowthKb},
                       {"resident_growth_kb_per_10000_cycles", one.residentGrowthKb},
                       {"samples", one.levels.size()}});
   }

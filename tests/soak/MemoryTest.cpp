@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace soak {
 namespace {
 
@@ -36,6 +38,18 @@ TEST(Memory, GrowthIsCountedBehindTheFirstTenth) {
   EXPECT_DOUBLE_EQ(memory[0].ownAtLastKb, 60);
   EXPECT_NEAR(memory[0].ownGrowthKb, 100, 1e-9);
   EXPECT_NEAR(memory[0].residentGrowthKb, 0, 1e-9);
+}
+
+// Up to cycle 700 a kB in 100 cycles, from then on nothing.
+TEST(Memory, LastQuarterTellsWhetherItGoesOn) {
+  std::vector<Sample> samples;
+  for (int time = 0; time <= 1000; time += 100) {
+    samples.push_back({static_cast<double>(time), "left-1", 500, 400, std::min(time, 700) / 100.0});
+  }
+  const auto memory = memoryOf(samples, Progress({{0, "0.00 s  a"}, {1000, "20.00 s  b"}}));
+  ASSERT_EQ(memory.size(), 1U);
+  EXPECT_GT(memory[0].ownGrowthKb, 50);
+  EXPECT_NEAR(memory[0].lastGrowthKb, 0, 1e-9);
 }
 
 TEST(Memory, EachProcessHasALineOfItsOwn) {
