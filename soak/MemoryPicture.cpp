@@ -59,8 +59,14 @@ class Diagram {
   [[nodiscard]] std::string line(const ProcessMemory& memory, std::string_view colour) const {
     std::string svg = "<polyline fill=\"none\" stroke=\"" + std::string(colour) +
                       "\" stroke-width=\"1.3\" points=\"";
-    for (const Level& level : memory.levels) {
-      svg += place(x(level.cycle), y(level.ownKb / perUnit_)) + " ";
+    const std::vector<Level>& levels = memory.levels;
+    for (std::size_t i = 0; i < levels.size(); ++i) {
+      // Between two like itself a point shows nothing.
+      if (i > 0 && i + 1 < levels.size() && levels[i - 1].ownKb == levels[i].ownKb &&
+          levels[i + 1].ownKb == levels[i].ownKb) {
+        continue;
+      }
+      svg += place(x(levels[i].cycle), y(levels[i].ownKb / perUnit_)) + " ";
     }
     return svg + "\"><title>" + memory.process + "</title></polyline>\n";
   }

@@ -48,9 +48,10 @@ has_ended() {
   ! kill -0 "$1" 2>/dev/null
 }
 
-# wait_until SECONDS COMMAND...: asks until it says yes; the test fails when the time is over.
+# wait_until SECONDS COMMAND...: asks until it says yes; the test fails when the time is over. A build
+# whose programs are slow asks for more patience.
 wait_until() {
-  local deadline=$((SECONDS + $1))
+  local deadline=$((SECONDS + $1 * ${PITCH_TEST_PATIENCE:-1}))
   shift
   until "$@"; do
     ((SECONDS < deadline)) || flunk "waited in vain for: $*"
