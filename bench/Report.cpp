@@ -115,7 +115,7 @@ std::string machineLine() {
 std::string takeJsonFile(int& argc, char** argv) {
   for (int i = 1; i + 1 < argc; ++i) {
     if (std::string_view(argv[i]) != "--json") continue;
-    const std::string file = argv[i + 1];
+    std::string file = argv[i + 1];
     std::copy(argv + i + 2, argv + argc + 1, argv + i);
     argc -= 2;
     return file;

@@ -66,6 +66,7 @@ int run(int argc, char** argv) {
   constexpr const char* kBare = "bare world, standing";
   bench::Report report("trial");
   std::vector<double> bare;
+  bare.reserve(static_cast<std::size_t>(runs));
   for (int i = 0; i < runs; ++i) bare.push_back(bareWorld());
   report.add(speedOf(kBare, std::move(bare)));
   for (Case& what : cases) {

@@ -18,8 +18,8 @@ set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
-# The libraries come from what the programs are linked to. The viewer's page needs three.js. bash,
-# grep, coreutils and util-linux, which the launchers need, are on every Debian system.
+# The libraries come from what the programs are linked to. The viewer's page needs three.js. The
+# launchers' bash, coreutils, findutils, grep and util-linux are on every Debian system.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS libjs-three)
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "autonomous player of simulated humanoid soccer")

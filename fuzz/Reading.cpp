@@ -1,10 +1,12 @@
 /// The player's readers of S-expressions, words and numbers. The input is one text.
 
-#include <fstream>
+#include <cmath>
+#include <cstring>
 #include <string>
 #include <vector>
 
 #include "fuzz/Input.h"
+#include "fuzz/ReadingInPlace.h"
 #include "perception/DataHolder.h"
 #include "perception/HeardReport.h"
 #include "perception/SLangParser.h"
@@ -22,6 +24,7 @@ void readLists(const std::string& text, int depth) {
   std::vector<std::string> tokens;
   std::vector<std::string> comments;
   SLangParser::parseSExpression(text, tokens, &comments);
+  fuzz::readListInPlace(text);
   for (const std::string& token : tokens) {
     // The decoders look at a token's first two characters without asking.
     demand(!token.empty(), "no token is empty");
@@ -33,6 +36,7 @@ void readLists(const std::string& text, int depth) {
 }
 
 void readNumbers(const std::string& text, int start) {
+  fuzz::readNumbersInPlace(text);
   SLangParser::parseFirstDouble(text);
   for (const int from : {0, start, -1, static_cast<int>(text.size())}) {
     SLangParser::parseFirstInt(text, from);
@@ -84,6 +88,17 @@ void keepData(const std::string& text) {
          "a copy holds the same");
 }
 
+/// The bits of a number of any kind, those that no text is likely to hold.
+void writeNumbers(const std::string& text) {
+  for (std::size_t at = 0; at + sizeof(double) <= text.size() && at < 80; at += sizeof(double)) {
+    double value = 0;
+    std::memcpy(&value, text.data() + at, sizeof(value));
+    fuzz::writeNumber(value);
+    fuzz::writeNumber(static_cast<double>(static_cast<float>(value)));
+    fuzz::writeNumber(std::round(std::fmod(value, 1e6) * 1000) / 1000);
+  }
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -96,6 +111,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   readTokens(text, DEFAULT_DELIMITER);
   readTokens(text, "(");
   keepData(text);
+  writeNumbers(text);
   applyHeardReport(text);
   WorldModel::freeSingleton();
   return 0;

@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -40,18 +41,13 @@ std::vector<std::uint8_t> contentOf(const fs::path& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int replay(int argc, char** argv) {
   std::vector<fs::path> files;
   for (int i = 1; i < argc; ++i) {
     const auto more = filesOf(argv[i]);
     files.insert(files.end(), more.begin(), more.end());
   }
-  if (files.empty()) {
-    std::fprintf(stderr, "no inputs to replay\n");
-    return 1;
-  }
+  if (files.empty()) throw std::runtime_error("no inputs to replay");
   if (LLVMFuzzerInitialize != nullptr) LLVMFuzzerInitialize(&argc, &argv);
   for (const fs::path& file : files) {
     std::fprintf(stderr, "%s\n", file.c_str());
@@ -60,4 +56,17 @@ int main(int argc, char** argv) {
   }
   std::fprintf(stderr, "%zu inputs replayed\n", files.size());
   return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    return replay(argc, argv);
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "%s\n", error.what());
+  } catch (...) {
+    std::fprintf(stderr, "something was thrown that is no exception\n");
+  }
+  return 1;
 }

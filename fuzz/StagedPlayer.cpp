@@ -84,7 +84,7 @@ bool isHuge(std::string_view text) {
 }  // namespace
 
 // The linker prescribes these names.
-// NOLINTBEGIN(bugprone-reserved-identifier)
+// NOLINTBEGIN(clang-diagnostic-reserved-identifier)
 extern "C" {
 
 ssize_t __wrap_send(int /*fd*/, const void* bytes, std::size_t count, int /*flags*/) {
@@ -121,7 +121,7 @@ gsl_rng* __wrap_gsl_rng_alloc(const gsl_rng_type* type) {
 }
 
 }  // extern "C"
-// NOLINTEND(bugprone-reserved-identifier)
+// NOLINTEND(clang-diagnostic-reserved-identifier)
 
 namespace fuzz {
 

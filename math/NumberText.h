@@ -7,5 +7,5 @@
 
 /// In a stream's default format: six significant digits, the shorter of fixed and scientific.
 void appendShort(std::string& text, double value);
-/// With so many decimals.
+/// With so many DECIMALS, at most 90: there is room for the largest double and them.
 void appendFixed(std::string& text, double value, int decimals);

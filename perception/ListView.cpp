@@ -74,9 +74,11 @@ void TokenViews::pushBehindTheFew(Range token) {
 
 bool splitList(std::string_view text, TokenViews& tokens) {
   tokens.clear();
-  bool open = false;
   const char* it = text.data();
   const char* const end = it + text.size();
+  // Nearly every text begins with its list.
+  bool open = it != end && *it == '(';
+  it += open ? 1 : 0;
   while (it != end) {
     const char* const start = it;
     const char c = *it;

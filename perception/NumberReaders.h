@@ -3,7 +3,6 @@
 /// The readers of numbers, for text where it stands in a message. The decoders call them;
 /// SLangParser offers the first two for strings.
 
-#include <cstddef>
 #include <string_view>
 
 /// SLangParser::parseFirstDouble.

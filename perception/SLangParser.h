@@ -5,8 +5,9 @@
 /// and into the body's sensors (BasicAgent), and talks from within the vision decoders.
 ///
 /// One call of parseSExpression splits one level only: a nested list is one token with its own
-/// parentheses, so a decoder descends by calling it again. The decoders return a count of
-/// complaints that nobody has to read. Each group of functions has a source file of its own.
+/// parentheses, and whoever descends calls it again. The decoders do the same by views into the
+/// message (ListView.h). They return a count of complaints that nobody has to read. Each group of
+/// functions has a source file of its own.
 
 #include <string>
 #include <vector>

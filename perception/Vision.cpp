@@ -63,9 +63,10 @@ std::string_view cutOut(std::string_view text, std::size_t from, std::size_t len
 VecPosition place(double distance, double angle, double elevation) {
   Agent* const agent = Agent::getSingleton();
   const double direction = angle + agent->findJoint("hj1")->angle + agent->myDegree;
-  const double level = cosDeg(elevation);
-  return {agent->myPos.x + cosDeg(direction) * distance * level,
-          agent->myPos.y + sinDeg(direction) * distance * level, 0.0};
+  // Not worked out once for both: where several factors are NaN their order would change, and so
+  // the sign of the NaN that is told the team.
+  return {agent->myPos.x + cosDeg(direction) * distance * cosDeg(elevation),
+          agent->myPos.y + sinDeg(direction) * distance * cosDeg(elevation), 0.0};
 }
 
 struct NamedFlag {

@@ -22,13 +22,17 @@ std::vector<Line> linesOf(const std::string& name) {
   return linesIn(file, name);
 }
 
+std::string missingTab(const std::string& name, const std::string& line) {
+  return name + ": no tab in '" + line + "'";
+}
+
 std::map<std::string, std::string> factsOf(const std::string& name) {
   std::ifstream file = opened(name);
   std::map<std::string, std::string> facts;
   std::string line;
   while (std::getline(file, line)) {
     const auto tab = line.find('\t');
-    if (tab == std::string::npos) throw std::runtime_error(name + ": no tab in '" + line + "'");
+    if (tab == std::string::npos) throw std::runtime_error(missingTab(name, line));
     facts[line.substr(0, tab)] = line.substr(tab + 1);
   }
   return facts;

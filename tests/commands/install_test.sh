@@ -32,8 +32,16 @@ MatchIsPlayedToldAgainAndDrawn() {
   nothing_runs || flunk "left behind: $(marked_processes)"
 }
 
-players_run() {
-  count_running pitchagent 6
+# player_folders: where the players run that `launched` has started, a line each.
+player_folders() {
+  local pid
+  for pid in $(<"/proc/$launched/task/$launched/children"); do
+    [[ $(<"/proc/$pid/comm") != pitchagent ]] || readlink "/proc/$pid/cwd"
+  done 2>/dev/null
+}
+
+all_six_run() {
+  (($(player_folders | wc -l) == 6))
 }
 
 PlayersRunInTheInstalledScripts() {
@@ -43,11 +51,9 @@ PlayersRunInTheInstalledScripts() {
     </dev/null >arena 2>&1 &
   wait_until 20 grep -q '^listening on ' arena
   launch "$installed/bin/pitch-team" --host="$host" --logs logs
-  wait_until 20 players_run
-  while read -r pid name; do
-    [[ $name != pitchagent || $(readlink "/proc/$pid/cwd") == "$installed/share/pitchagent/scripts" ]] ||
-      flunk "a player runs in $(readlink "/proc/$pid/cwd")"
-  done < <(marked_processes)
+  wait_until 20 all_six_run
+  [[ $(player_folders | sort -u) == "$installed/share/pitchagent/scripts" ]] ||
+    flunk "players run in $(player_folders)"
   kill -INT "$launched"
   reap
   expect_status 0

@@ -54,7 +54,7 @@ std::vector<std::string> fakenames::protocolsAsked() {
 }
 
 // The linker prescribes these names.
-// NOLINTBEGIN(bugprone-reserved-identifier)
+// NOLINTBEGIN(clang-diagnostic-reserved-identifier)
 extern "C" {
 
 hostent* __wrap_gethostbyname(const char* name) {
@@ -92,4 +92,4 @@ servent* __wrap_getservbyport(int port, const char* protocol) {
 }
 
 }  // extern "C"
-// NOLINTEND(bugprone-reserved-identifier)
+// NOLINTEND(clang-diagnostic-reserved-identifier)

@@ -57,7 +57,7 @@ void refuseSockets(bool refuse) {
 }  // namespace scripted
 
 // The linker prescribes these names.
-// NOLINTBEGIN(bugprone-reserved-identifier)
+// NOLINTBEGIN(clang-diagnostic-reserved-identifier)
 extern "C" {
 
 ssize_t __wrap_send(int fd, const void* buffer, std::size_t length, int flags) {
@@ -103,4 +103,4 @@ int __wrap_fcntl(int fd, int command, ...) {
 }
 
 }  // extern "C"
-// NOLINTEND(bugprone-reserved-identifier)
+// NOLINTEND(clang-diagnostic-reserved-identifier)

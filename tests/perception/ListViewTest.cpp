@@ -127,8 +127,9 @@ TEST(Pieces, AreThoseOfATokenizerWithTheSameDelimiter) {
   std::mt19937 random(18);
   for (int i = 0; i < 20'000; ++i) {
     const std::string text = randomText(random, "((ab )", 20);
-    Tokenizer tokenizer(text, "(");
-    Pieces pieces(text, '(');
+    const char delimiter = i % 2 == 0 ? '(' : ' ';
+    Tokenizer tokenizer(text, std::string(1, delimiter));
+    Pieces pieces(text, delimiter);
     for (int piece = 0; piece < 25; ++piece) ASSERT_EQ(pieces.next(), tokenizer.next()) << text;
   }
 }

@@ -94,18 +94,6 @@ TEST(NumberReaders, NeverReadBehindTheView) {
   EXPECT_EQ(firstDouble(std::string_view("nan))").substr(0, 4)), 0);
 }
 
-TEST(NumberReaders, ViewsAndStringsReadAlike) {
-  const std::string characters = "0123456789.-+e nNa)";
-  std::mt19937 random(20);
-  for (int i = 0; i < 100'000; ++i) {
-    std::string text(random() % 14, ' ');
-    std::generate(text.begin(), text.end(),
-                  [&] { return characters[random() % characters.size()]; });
-    ASSERT_EQ(bitsOf(firstDouble(text)), bitsOf(SLangParser::parseFirstDouble(text))) << text;
-    ASSERT_EQ(firstInt(text, i % 4), SLangParser::parseFirstInt(text, i % 4)) << text;
-  }
-}
-
 TEST(IntegerAtFront, ReadsWhatStrtolReads) {
   for (const std::string& text : std::vector<std::string>{
            "", "0", "3", "007", "12", "-3", "+3", " 3", "3)", "3.7", "x", "999999999", "1234567890",

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "perception/ListView.h"
 #include "perception/SLangParser.h"
 
 namespace {
@@ -44,6 +45,10 @@ TEST(SplitList, TokensAndResult) {
     Words tokens;
     EXPECT_EQ(SLangParser::parseSExpression(row.text, tokens), row.closed);
     EXPECT_EQ(tokens, row.tokens);
+    TokenViews views;
+    EXPECT_EQ(splitList(row.text, views), row.closed);
+    ASSERT_EQ(views.size(), row.tokens.size());
+    for (std::size_t i = 0; i < views.size(); ++i) EXPECT_EQ(views[i], row.tokens[i]);
   }
 }
 

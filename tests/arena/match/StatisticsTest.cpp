@@ -100,7 +100,7 @@ TEST(Statistics, TheMatchIsAsItsLastRecordSays) {
 
 // As many as a record may say of one cycle, for as long as it takes: 2^31 is passed.
 TEST(Statistics, CountsOfAForgedRecordDontOverflow) {
-  Story story;
+  CountedMatch story;
   story.join(1, kLeft3);
   for (int i = 0; i < 2200; ++i) {
     story.now().clockSlips = 1'000'000;
