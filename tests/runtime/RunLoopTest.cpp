@@ -7,8 +7,10 @@
 #include <vector>
 
 #include "behaviour/Agent.h"
+#include "net/TCPSocket.h"
 #include "perception/WorldModel.h"
 #include "runtime/Connection.h"
+#include "tests/net/Loopback.h"
 #include "tests/support/FreshPlayer.h"
 #include "tests/support/OutputCapture.h"
 
@@ -78,6 +80,22 @@ TEST_F(RunLoop, GreetingIsOneLineThatBeginsWithTheBanner) {
   EXPECT_TRUE(text.starts_with("Kolu_Otters "));
   EXPECT_GT(text.size(), std::string("Kolu_Otters \n").size()) << "a notice of authorship follows";
   EXPECT_EQ(text.find('\n'), text.size() - 1);
+}
+
+// Without the fixture, whose link is connected already.
+TEST(RunLoopLink, BeginningOfTheConnectionLeadsToTheServer) {
+  rcss::net::TCPSocket server;
+  ASSERT_TRUE(server.bind(rcss::net::Addr(0, kLoopback)));
+  ASSERT_TRUE(server.listen(1));
+  Connection::getSingleton()->SetPortNum(server.getName().getPort());
+  OutputCapture output;
+  EXPECT_EQ(initConnection(), 1);
+  EXPECT_EQ(output.text(),
+            "connecting to TCP 127.0.0.1:" + std::to_string(server.getName().getPort()) +
+                "\nconnected successfully!\n");
+  EXPECT_TRUE(Connection::getSingleton()->isConnected());
+  EXPECT_EQ(Connection::getSingleton()->getPeer(), server.getName());
+  Connection::freeSingleton();
 }
 
 TEST_F(RunLoop, EndOfTheConnectionClosesIt) {
