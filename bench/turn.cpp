@@ -5,11 +5,14 @@
 // how many allocations a turn?
 //
 //   turn [cycles, default 5000] [working directory with motion scripts, default an empty one]
-//        [--json FILE]
+//        [--apart] [--json FILE]
+//
+// All on one processor; with --apart the server has one of its own.
 
 #include <arpa/inet.h>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
+#include <sched.h>
 #include <sys/prctl.h>
 #include <sys/select.h>
 #include <sys/socket.h>
@@ -18,6 +21,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <chrono>
 #include <csignal>
 #include <cstdint>
@@ -28,6 +32,8 @@
 #include <fstream>
 #include <functional>
 #include <string>
+#include <string_view>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -90,6 +96,39 @@ std::string messageOf(int cycle) {
   }
   return MessageOfCycle(cycle, elements);
 }
+
+/// The processors of the server and of those that answer it. Left to the scheduler, player and
+/// yardstick may land beside the server or across from it, each for the whole run, and waking
+/// another processor costs as much as a turn: their ratio would tell where they were put.
+class Places {
+ public:
+  /// On one processor, or APART on two.
+  explicit Places(bool apart) {
+    cpu_set_t allowed;
+    CPU_ZERO(&allowed);
+    sched_getaffinity(0, sizeof(allowed), &allowed);
+    for (std::size_t i = 0; i < CPU_SETSIZE; ++i) {
+      if (CPU_ISSET(i, &allowed)) processors_.push_back(i);
+    }
+    if (!apart) processors_.resize(std::min(processors_.size(), std::size_t{1}));
+  }
+
+  void serve() const { moveTo(processors_.front()); }
+  /// For whom this process starts: children inherit their place.
+  void answer() const { moveTo(processors_.back()); }
+
+ private:
+  static void moveTo(std::size_t processor) {
+    cpu_set_t only;
+    CPU_ZERO(&only);
+    CPU_SET(processor, &only);
+    if (sched_setaffinity(0, sizeof(only), &only) != 0) {
+      throw std::system_error(errno, std::generic_category(), "can't choose a processor");
+    }
+  }
+
+  std::vector<std::size_t> processors_{};
+};
 
 /// Every run under the same calendar time, so that all of them are alike: the player's chance is
 /// seeded with it. But with all that the processor can do, as in play.
@@ -213,10 +252,12 @@ struct Times {
 
 /// By turns, a block of cycles each.
 Times timeBoth(const std::string& player, const std::vector<Answer>& answers,
-               const std::filesystem::path& directory) {
+               const std::filesystem::path& directory, const Places& places) {
+  places.answer();
   PlayerSession session = startPlayer(player, directory);
   session.link.ReadFrame();
   Echo yardstick(session.listener, answers);
+  places.serve();
   Times times;
   const int cycles = static_cast<int>(answers.size());
   for (int first = 1; first <= cycles; first += kBlock) {
@@ -269,17 +310,18 @@ void addComparison(bench::Report& report, const std::string& what, const Values&
 
 int run(int argc, char** argv) {
   const std::string file = bench::takeJsonFile(argc, argv);
+  const bool apart = argc > 1 && std::string_view(argv[argc - 1]) == "--apart";
+  if (apart) --argc;
   const int cycles = std::max(kWarmUp + kVisionEvery, argc > 1 ? std::atoi(argv[1]) : 5000);
   const TempDir empty;
   const std::filesystem::path directory =
       argc > 2 ? std::filesystem::absolute(argv[2]) : empty.path();
   const std::string player = PITCH_BIN_DIR "/pitchagent";
-
   const std::vector<Answer> answers = learnAnswers(player, cycles, directory);
-  const Times times = timeBoth(player, answers, directory);
+  const Times times = timeBoth(player, answers, directory, Places(apart));
   const Values allocations = countAllocations(player, std::min(cycles, 1000), directory);
 
-  bench::Report report(argc > 2 ? "turn_scripts" : "turn");
+  bench::Report report(apart ? "turn_apart" : argc > 2 ? "turn_scripts" : "turn");
   addComparison(report, "without sight", times.player, times.echo, &Values::plain, 1.5);
   addComparison(report, "with full sight", times.player, times.echo, &Values::vision, 3);
   report.add(bench::figureOf("allocations, without sight", "a turn", allocations.plain));
