@@ -10,7 +10,7 @@ endif()
 
 option(BUILD_TESTING "Build the tests" ON)
 option(PITCH_WERROR "Warnings are errors (./check sets this)" OFF)
-option(PITCH_UNITY "Compile the tests several files at a time, in a third of the time" ON)
+option(PITCH_UNITY "Compile the tests several files at a time" ON)
 option(PITCH_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
 option(PITCH_SANITIZE_THREADS "Build with ThreadSanitizer" OFF)
 option(PITCH_COVERAGE "Build with gcov counters" OFF)

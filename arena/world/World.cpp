@@ -20,7 +20,9 @@
 namespace arena {
 namespace {
 
-constexpr double kRadPerDeg = std::numbers::pi / 180.0;
+constexpr double radians(double degrees) {
+  return degrees * (std::numbers::pi / 180.0);
+}
 
 /// What a robot remembers besides the engine's state.
 struct Robot {
@@ -50,7 +52,7 @@ int stepsPerCycle(double stepSeconds) {
 }
 
 Frame standing(const Pose& pose) {
-  const double heading = pose.headingDeg * kRadPerDeg;
+  const double heading = radians(pose.headingDeg);
   const double c = std::cos(heading);
   const double s = std::sin(heading);
   // Forward, the second axis, points along the heading; right, the first, a quarter turn clockwise.
@@ -152,7 +154,7 @@ struct World::Physics {
     const RobotIndex& index = indexOf(slot);
     Robot& robot = at(slot);
     for (std::size_t j = 0; j < kJointCount; ++j) {
-      const double angle = degrees[j] * kRadPerDeg;
+      const double angle = radians(degrees[j]);
       data->qpos[index.jointPosition[j]] = angle;
       data->qvel[index.jointVelocity[j]] = 0;
       data->qacc_warmstart[index.jointVelocity[j]] = 0;

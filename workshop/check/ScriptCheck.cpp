@@ -17,7 +17,7 @@
 namespace workshop {
 namespace {
 
-constexpr double kCycleSeconds = 0.02;
+constexpr double kShortestPoseSeconds = 0.02;
 constexpr double kBlockSeconds = 0.04;  ///< of an action, whatever number its end bears
 constexpr double kRadPerDeg = 3.14159265358979323846 / 180.0;
 constexpr int kGoalkeeper = 1;  ///< its head doesn't move
@@ -66,7 +66,7 @@ class Reading {
       case Meaning::Role::kEnd:
         ++blocks;
         named_.clear();
-        if (kind_ == ScriptKind::kPose && !(pair.number >= kCycleSeconds)) {
+        if (kind_ == ScriptKind::kPose && !(pair.number >= kShortestPoseSeconds)) {
           note(pair.line, "a pose of " + shortened(pair.number) + " s doesn't move");
         }
         if (kind_ == ScriptKind::kAction && pair.readable && pair.number != kBlockSeconds) {

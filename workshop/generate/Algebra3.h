@@ -4,8 +4,11 @@
 
 #include <array>
 #include <cmath>
+#include <numbers>
 
 namespace workshop {
+
+inline constexpr double kRadPerDeg = std::numbers::pi / 180.0;
 
 using Vec3 = std::array<double, 3>;
 using Mat3 = std::array<double, 9>;

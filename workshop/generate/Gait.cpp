@@ -5,11 +5,12 @@
 #include <numbers>
 #include <stdexcept>
 
+#include "workshop/generate/Algebra3.h"
+
 namespace workshop {
 namespace {
 
 constexpr double kPi = std::numbers::pi;
-constexpr double kRadPerDeg = kPi / 180.0;
 /// Sections per stride in which the torso's way is summed up.
 constexpr int kSections = 200;
 

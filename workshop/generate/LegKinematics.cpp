@@ -9,8 +9,6 @@
 namespace workshop {
 namespace {
 
-constexpr double kRadPerDeg = std::numbers::pi / 180.0;
-
 constexpr const arena::JointRow& rowOf(std::string_view link) {
   return arena::kJoints[arena::rowOfLink(link)];
 }

@@ -2,13 +2,12 @@
 
 #include <cmath>
 #include <cstdio>
-#include <numbers>
 #include <string_view>
+
+#include "workshop/generate/Algebra3.h"
 
 namespace workshop {
 namespace {
-
-constexpr double kRadPerDeg = std::numbers::pi / 180.0;
 
 void appendPair(std::string& text, std::string_view word, double number, const char* format) {
   std::array<char, 32> digits{};

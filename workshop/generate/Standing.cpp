@@ -1,11 +1,9 @@
 #include "workshop/generate/Standing.h"
 
-#include <numbers>
+#include "workshop/generate/Algebra3.h"
 
 namespace workshop {
 namespace {
-
-constexpr double kRadPerDeg = std::numbers::pi / 180.0;
 
 /// From the torso's frame to the level one: forward is a turn to the right-hand rule's negative.
 Mat3 leaned(const Stance& stance) {
