@@ -106,7 +106,9 @@ class Places {
   explicit Places(bool apart) {
     cpu_set_t allowed;
     CPU_ZERO(&allowed);
-    sched_getaffinity(0, sizeof(allowed), &allowed);
+    if (sched_getaffinity(0, sizeof(allowed), &allowed) != 0) {
+      throw std::system_error(errno, std::generic_category(), "can't tell the processors");
+    }
     for (std::size_t i = 0; i < CPU_SETSIZE; ++i) {
       if (CPU_ISSET(i, &allowed)) processors_.push_back(i);
     }
