@@ -102,7 +102,7 @@ std::string messageOf(int cycle) {
 /// another processor costs as much as a turn: their ratio would tell where they were put.
 class Places {
  public:
-  /// On one processor, or APART on two.
+  /// On one processor, or APART on two, where there are two.
   explicit Places(bool apart) {
     cpu_set_t allowed;
     CPU_ZERO(&allowed);
@@ -319,6 +319,7 @@ int run(int argc, char** argv) {
   const std::filesystem::path directory =
       argc > 2 ? std::filesystem::absolute(argv[2]) : empty.path();
   const std::string player = PITCH_BIN_DIR "/pitchagent";
+
   const std::vector<Answer> answers = learnAnswers(player, cycles, directory);
   const Times times = timeBoth(player, answers, directory, Places(apart));
   const Values allocations = countAllocations(player, std::min(cycles, 1000), directory);
